@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+/// \file
+/// \brief UTF-8: names and coders.
+#include "orv/liborvxx/charset/sets/utf_8.h"
+
+#include "orv/liborvxx/charset/detail/unit_runs.h"
+#include "orv/liborvxx/charset/sets/utf_8_plain.h"
+#include "orv/liborvxx/text/literals.h"
+
+#include <algorithm>
+
+namespace orv {
+
+using namespace orv::literals;
+
+// The first alias is one name, and neither half of it is one.
+UTF_8::UTF_8() : Charset(106, u"UTF-8"_u, {u"csUTF8unicode-1-1-utf-8"_u, u"UTF8"_u}) {}
+
+class UTF_8::Decoder : public CharsetDecoder {
+public:
+    explicit Decoder(Charset* charset) : CharsetDecoder(charset, 1.0F, 1) {}
+
+protected:
+    CoderResult decodeLoop(Buffer<const unsigned char>& in, Buffer<char16>& out) override {
+        detail::DecodeCursor cursor(in, out);
+        return cursor.commit(utf_8::runPlain(cursor, utf_8::decodeOne<utf_8::Format::UTF_8>));
+    }
+};
+
+class UTF_8::Encoder : public CharsetEncoder {
+public:
+    explicit Encoder(Charset* charset) : CharsetEncoder(charset, 1.1F, 3) {}
+
+protected:
+    CoderResult encodeLoop(Buffer<const char16>& in, Buffer<unsigned char>& out) override {
+        detail::EncodeCursor cursor(in, out);
+        return cursor.commit(utf_8::runPlain(cursor, utf_8::encodeOne<utf_8::Format::UTF_8>));
+    }
+};
+
+std::unique_ptr<CharsetDecoder> UTF_8::newDecoder() { return std::make_unique<Decoder>(this); }
+
+std::unique_ptr<CharsetEncoder> UTF_8::newEncoder() { return std::make_unique<Encoder>(this); }
+
+} // namespace orv

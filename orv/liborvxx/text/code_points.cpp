@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: Apache-2.0
+/// \file
+/// \brief `Char16`: property questions put to the C library, radix digits, code points in text.
+#include "orv/liborvxx/text/code_points.h"
+
+#include "orv/liborv/unicode/unichar.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace orv {
+
+namespace {
+
+bool hasProperty(char32_t c, OrvUniProperty bit) noexcept {
+    return (orvUniCharProperties(c) & bit) != 0;
+}
+
+bool validRadix(unsigned int radix) noexcept {
+    return radix - Char16::MIN_RADIX <= Char16::MAX_RADIX - Char16::MIN_RADIX;
+}
+
+constexpr char32_t codePoint(char16 c) noexcept { return static_cast<char32_t>(c); }
+
+} // namespace
+
+// A question about a unit is the question about the code point of the same number.
+#define ORV_CLASSIFY(name, answer)                                                                 \
+    bool Char16::name(char32_t c) noexcept { return answer; }                                      \
+    bool Char16::name(char16_t c) noexcept { return name(char32_t{c}); }                           \
+    bool Char16::name(char16 c) noexcept { return name(codePoint(c)); }
+
+ORV_CLASSIFY(isAlphabetic, orvUniCharIsAlphabetic(c) != 0)
+ORV_CLASSIFY(isDefined, orvUniCharIsDefined(c) != 0)
+ORV_CLASSIFY(isDigit, orvUniCharIsDecimalDigit(c) != 0)
+ORV_CLASSIFY(isISOControl, orvUniCharIsControl(c) != 0)
+ORV_CLASSIFY(isLetter, orvUniCharIsLetter(c) != 0)
+ORV_CLASSIFY(isLetterOrDigit, orvUniCharIsLetterOrDecimalDigit(c) != 0)
+ORV_CLASSIFY(isLowerCase, orvUniCharIsLower(c) != 0)
+ORV_CLASSIFY(isUpperCase, orvUniCharIsUpper(c) != 0)
+ORV_CLASSIFY(isTitleCase, orvUniCharIsTitle(c) != 0)
+ORV_CLASSIFY(isSpaceChar, (orvUniCharClass(c) & ORV_UNI_GROUP_MASK) == ORV_UNI_GROUP_SEPARATOR)
+ORV_CLASSIFY(isWhitespace, hasProperty(c, ORV_UNI_WHITE_SPACE))
+ORV_CLASSIFY(isIdentifierStart, hasProperty(c, ORV_UNI_ID_START))
+ORV_CLASSIFY(isIdentifierPart, hasProperty(c, ORV_UNI_ID_CONTINUE))
+ORV_CLASSIFY(isIdentifierIgnorable,
+             orvUniCharClass(c) == ORV_UNI_CLASS_FORMAT ||
+                 (orvUniCharClass(c) == ORV_UNI_CLASS_CONTROL && !hasProperty(c, ORV_UNI_WHITE_SPACE)))
+
+#undef ORV_CLASSIFY
+
+#define ORV_MAP_CASE(name, map)                                                                    \
+    char32_t Char16::name(char32_t c) noexcept { return static_cast<char32_t>(map(c)); }           \
+    char16_t Char16::name(char16_t c) noexcept {                                                   \
+        return static_cast<char16_t>(name(char32_t{c}));                                           \
+    }                                                                                              \
+    char16 Char16::name(char16 c) noexcept { return char16(name(codePoint(c))); }
+
+ORV_MAP_CASE(toLowerCase, orvUniCharToLower)
+ORV_MAP_CASE(toUpperCase, orvUniCharToUpper)
+ORV_MAP_CASE(toTitleCase, orvUniCharToTitle)
+
+#undef ORV_MAP_CASE
+
+int Char16::digit(char32_t c, unsigned int radix) noexcept {
+    if (!validRadix(radix)) {
+        return -1;
+    }
+    const auto below = [radix](char32_t value) {
+        return value < radix ? static_cast<int>(value) : -1;
+    };
+    if (c - U'0' < 10) {
+        return below(c - U'0');
+    }
+    if (c - U'A' < 26) {
+        return below(c - U'A' + 10);
+    }
+    if (c - U'a' < 26) {
+        return below(c - U'a' + 10);
+    }
+    if (const int value = orvUniCharDigitValue(c); value >= 0) {
+        return below(static_cast<char32_t>(value));
+    }
+    if (radix > 10) {
+        // Full-width 'A' to 'Z' and 'a' to 'z'.
+        for (const char32_t start : {U'\xFF21', U'\xFF41'}) {
+            if (c - start < radix - 10) {
+                return static_cast<int>(c - start + 10);
+            }
+        }
+    }
+    return -1;
+}
+
+int Char16::digit(char16_t c, unsigned int radix) noexcept { return digit(char32_t{c}, radix); }
+
+int Char16::digit(char16 c, unsigned int radix) noexcept { return digit(codePoint(c), radix); }
+
+char16 Char16::forDigit(unsigned int digit, unsigned int radix) noexcept {
+    if (!validRadix(radix) || digit >= radix) {
+        return u'\0';
+    }
+    return char16(digit < 10 ? u'0' + digit : u'a' + (digit - 10));
+}
+
+char Char16::narrow(char16 c, char dflt) noexcept {
+    if (c < u'\x80') {
+        return static_cast<char>(c);
+    }
+    const int value = orvUniCharDigitValue(codePoint(c));
+    return value < 0 ? dflt : static_cast<char>('0' + value);
+}
+
+char16 Char16::widen(char c) noexcept {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 ? char16(byte) : char16(u'\xFFFD');
+}
+
+namespace {
+
+// The checked access of the standard string words its message as the standard library likes; this one
+// words it the same everywhere.
+char16 unitAt(const ustring& s, std::size_t index) {
+    if (index >= s.size()) {
+        throw std::out_of_range("invalid string position");
+    }
+    return s[index];
+}
+
+char16 unitAt(const ustring_ref& s, std::size_t index) { return s.at(index); }
+
+// The index after the code point at `index`, which is below `end`.
+template <typename StringT>
+std::size_t next(const StringT& s, std::size_t index, std::size_t end) {
+    const char16 first = s[index++];
+    if (Char16::isHighSurrogate(first) && index != end && Char16::isLowSurrogate(s[index])) {
+        ++index;
+    }
+    return index;
+}
+
+// The index of the code point that ends before `index`, which is above 0.
+template <typename StringT>
+std::size_t previous(const StringT& s, std::size_t index) {
+    const char16 last = s[--index];
+    if (Char16::isLowSurrogate(last) && index != 0 && Char16::isHighSurrogate(s[index - 1])) {
+        --index;
+    }
+    return index;
+}
+
+} // namespace
+
+template <typename StringT>
+char32_t Char16::codePointAt(const StringT& s, std::size_t index) {
+    const char16 first = unitAt(s, index);
+    if (isHighSurrogate(first) && index + 1 != s.size()) {
+        if (const char16 second = s[index + 1]; isLowSurrogate(second)) {
+            return toCodePoint(first, second);
+        }
+    }
+    return codePoint(first);
+}
+
+template <typename StringT>
+char32_t Char16::codePointBefore(const StringT& s, std::size_t index) {
+    const char16 last = unitAt(s, index - 1);
+    if (isLowSurrogate(last) && index != 1) {
+        if (const char16 first = s[index - 2]; isHighSurrogate(first)) {
+            return toCodePoint(first, last);
+        }
+    }
+    return codePoint(last);
+}
+
+template <typename StringT>
+std::size_t Char16::codePointCount(const StringT& s, std::size_t index, std::size_t count) {
+    if (index > s.size()) {
+        throw std::out_of_range("Char16::codePointCount(const StringT &, size_type, size_type)");
+    }
+    const std::size_t end = index + std::min(count, s.size() - index);
+    std::size_t found = 0;
+    for (; index != end; ++found) {
+        index = next(s, index, end);
+    }
+    return found;
+}
+
+template <typename StringT>
+std::size_t Char16::offsetByCodePoints(const StringT& s, std::size_t index,
+                                       std::ptrdiff_t codePointOffset) {
+    if (index > s.size()) {
+        throw std::out_of_range(
+            "Char16::offsetByCodePoints(const StringT &, size_type, difference_type)");
+    }
+    for (; codePointOffset > 0; --codePointOffset) {
+        if (index == s.size()) {
+            return StringT::npos;
+        }
+        index = next(s, index, s.size());
+    }
+    for (; codePointOffset < 0; ++codePointOffset) {
+        if (index == 0) {
+            return StringT::npos;
+        }
+        index = previous(s, index);
+    }
+    return index;
+}
+
+template <typename StringT>
+std::size_t Char16::toChars(char32_t cp, StringT& s) {
+    return toChars(cp, s, s.size());
+}
+
+template <typename StringT>
+std::size_t Char16::toChars(char32_t cp, StringT& s, std::size_t index) {
+    if (cp <= 0xFFFF) {
+        if (index < s.size()) {
+            s[index] = char16(cp);
+        } else {
+            s.push_back(char16(cp));
+        }
+        return 1;
+    }
+    // What may allocate comes first, so that a failure leaves no half of a pair behind.
+    const char16 pair[] = {highSurrogate(cp), lowSurrogate(cp)};
+    if (index >= s.size()) {
+        s.append(pair, 2);
+    } else if (index + 1 == s.size()) {
+        s.push_back(pair[1]);
+        s[index] = pair[0];
+    } else {
+        s[index] = pair[0];
+        s[index + 1] = pair[1];
+    }
+    return 2;
+}
+
+template char32_t Char16::codePointAt(const ustring&, std::size_t);
+template char32_t Char16::codePointAt(const ustring_ref&, std::size_t);
+template char32_t Char16::codePointBefore(const ustring&, std::size_t);
+template char32_t Char16::codePointBefore(const ustring_ref&, std::size_t);
+template std::size_t Char16::codePointCount(const ustring&, std::size_t, std::size_t);
+template std::size_t Char16::codePointCount(const ustring_ref&, std::size_t, std::size_t);
+template std::size_t Char16::offsetByCodePoints(const ustring&, std::size_t, std::ptrdiff_t);
+template std::size_t Char16::offsetByCodePoints(const ustring_ref&, std::size_t, std::ptrdiff_t);
+template std::size_t Char16::toChars(char32_t, ustring&);
+template std::size_t Char16::toChars(char32_t, ustring&, std::size_t);
+
+} // namespace orv
