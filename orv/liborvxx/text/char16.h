@@ -4,6 +4,8 @@
 #ifndef ORV_LIBORVXX_TEXT_CHAR16_H
 #define ORV_LIBORVXX_TEXT_CHAR16_H
 
+#include "orv/liborvxx/base/platform.h"
+
 #include <compare>
 #include <concepts>
 #include <cstddef>
@@ -25,7 +27,7 @@ namespace orv {
 /// bool isEuro = unit == u'\u20AC';
 /// auto number = static_cast<unsigned>(unit);
 /// \endcode
-class char16 {
+class ORVXX_API char16 {
 public:
     /// Leaves the unit indeterminate, as a built-in integer is.
     char16() = default;
@@ -60,7 +62,7 @@ static_assert(sizeof(char16) == 2 && alignof(char16) == alignof(char16_t));
 /// The `int_type` of `std::char_traits<char16>`: one 16-bit value.
 ///
 /// It is no wider than `char16`, so the end-of-file mark 0xFFFF cannot be told from U+FFFF.
-class char16_int {
+class ORVXX_API char16_int {
 public:
     /// Leaves the value indeterminate.
     char16_int() = default;
