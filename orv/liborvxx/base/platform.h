@@ -24,12 +24,16 @@
 /// \def ORVXX_INIT_EARLY
 /// Stands before a static object of class type that must be made before the objects of other files,
 /// also where the library is linked statically.
+/// \def ORVXX_CPU_SUPPORTS
+/// Whether the processor has an instruction set, named as the compiler names it ("sse4.1").
 #if defined(__GNUC__) || defined(__clang__)
 #define ORVXX_ALWAYS_INLINE inline __attribute__((always_inline))
 #define ORVXX_INIT_EARLY __attribute__((init_priority(150)))
+#define ORVXX_CPU_SUPPORTS(feature) (__builtin_cpu_init(), __builtin_cpu_supports(feature) != 0)
 #else
 #define ORVXX_ALWAYS_INLINE inline
 #define ORVXX_INIT_EARLY
+#define ORVXX_CPU_SUPPORTS(feature) false
 #endif
 
 #endif

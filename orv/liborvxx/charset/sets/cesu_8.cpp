@@ -3,11 +3,8 @@
 /// \brief CESU-8: names and coders.
 #include "orv/liborvxx/charset/sets/cesu_8.h"
 
-#include "orv/liborvxx/charset/detail/unit_runs.h"
-#include "orv/liborvxx/charset/sets/utf_8_plain.h"
+#include "orv/liborvxx/charset/sets/utf_8_fast.h"
 #include "orv/liborvxx/text/literals.h"
-
-#include <algorithm>
 
 namespace orv {
 
@@ -22,7 +19,7 @@ public:
 protected:
     CoderResult decodeLoop(Buffer<const unsigned char>& in, Buffer<char16>& out) override {
         detail::DecodeCursor cursor(in, out);
-        return cursor.commit(utf_8::runPlain(cursor, utf_8::decodeOne<utf_8::Format::CESU_8>));
+        return cursor.commit(utf_8::decode<utf_8::Format::CESU_8>(cursor));
     }
 };
 
@@ -33,7 +30,7 @@ public:
 protected:
     CoderResult encodeLoop(Buffer<const char16>& in, Buffer<unsigned char>& out) override {
         detail::EncodeCursor cursor(in, out);
-        return cursor.commit(utf_8::runPlain(cursor, utf_8::encodeOne<utf_8::Format::CESU_8>));
+        return cursor.commit(utf_8::encode<utf_8::Format::CESU_8>(cursor));
     }
 };
 
