@@ -44,14 +44,15 @@ OutOfRangeError::~OutOfRangeError() = default;
 
 namespace {
 
-bool given(const char* text) { return text != nullptr && *text != '\0'; }
+bool given(const char* text) {
+    return text != nullptr && *text != '\0';
+}
 
 std::string assertionMessage(const char* expression, const char* file, int line,
                              const char* function) {
     // std::to_string knows no locale, so the line is in plain digits.
     const std::string place = "[" + std::to_string(line) + "]";
-    std::string message =
-        given(file) ? file + place + " (" + function + ")" : function + place;
+    std::string message = given(file) ? file + place + " (" + function + ")" : function + place;
     message += ": assertion";
     if (given(expression)) {
         message += " '";
@@ -77,7 +78,9 @@ NotImplementedError::NotImplementedError(const char* method)
     : LogicError(std::string("method not implemented: ") + method) {}
 NotImplementedError::~NotImplementedError() = default;
 
-void NotImplementedError::raise(const char* method) { throw NotImplementedError(method); }
+void NotImplementedError::raise(const char* method) {
+    throw NotImplementedError(method);
+}
 
 std::string type_info_name(const std::type_info& type) {
 #if ORV_HAS_CXXABI

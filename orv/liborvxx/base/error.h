@@ -2,8 +2,8 @@
 /// \file
 /// \brief The exception classes that the subsystems share, and exceptions as text.
 ///
-/// Every class stands on a standard one, so a caller who knows only `std::exception` gets a message.
-/// Objects are values; the functions below are safe on any thread.
+/// Every class stands on a standard one, so a caller who knows only `std::exception` gets a
+/// message. Objects are values; the functions below are safe on any thread.
 #ifndef ORV_LIBORVXX_BASE_ERROR_H
 #define ORV_LIBORVXX_BASE_ERROR_H
 
@@ -74,8 +74,8 @@ private:
     std::size_t errorOffset_;
 };
 
-/// A number was read correctly and does not fit. Not to be taken for `std::out_of_range`, which is a
-/// bad index.
+/// A number was read correctly and does not fit. Not to be taken for `std::out_of_range`, which is
+/// a bad index.
 class ORVXX_API OutOfRangeError : public ParseError {
 public:
     OutOfRangeError(const std::string& message, std::size_t errorOffset);

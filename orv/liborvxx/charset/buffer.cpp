@@ -55,9 +55,13 @@ std::size_t BufferBase::check_index(std::size_t index, std::size_t n) const {
     return index;
 }
 
-void BufferBase::underflow() { throw BufferUnderflowError(); }
+void BufferBase::underflow() {
+    throw BufferUnderflowError();
+}
 
-void BufferBase::overflow() { throw BufferOverflowError(); }
+void BufferBase::overflow() {
+    throw BufferOverflowError();
+}
 
 namespace {
 

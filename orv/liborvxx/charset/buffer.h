@@ -91,8 +91,8 @@ protected:
     /// \exception std::invalid_argument as the constructor
     void init(std::size_t position, std::size_t limit, std::size_t capacity);
 
-    /// Takes \p n elements from the position on for reading and returns where they begin. While there
-    /// are fewer, `underflow()` is called, which may provide more.
+    /// Takes \p n elements from the position on for reading and returns where they begin. While
+    /// there are fewer, `underflow()` is called, which may provide more.
     std::size_t next_get_index(std::size_t n) {
         while (room() < n) {
             underflow();
@@ -153,7 +153,8 @@ public:
     }
 
     /// The element at \p index; the position stays.
-    /// \exception std::out_of_range "index + num_bytes > limit()" if \p index is not below the limit
+    /// \exception std::out_of_range "index + num_bytes > limit()" if \p index is not below the
+    /// limit
     E get(std::size_t index) const { return data_[check_index(index, 1)]; }
 
     /// Copies \p n elements to \p dest; the position moves on by \p n.
@@ -176,7 +177,8 @@ protected:
 
     /// Moves the elements between position and limit to the front, the position behind them and the
     /// limit to the capacity: ready to be filled up behind what is left.
-    /// \exception std::invalid_argument "new_position > limit()" if the limit was set below the position
+    /// \exception std::invalid_argument "new_position > limit()" if the limit was set below the
+    /// position
     Buffer<E>& compact();
 
     /// Stores at the position, which moves on by 1.
@@ -184,7 +186,8 @@ protected:
     Buffer<E>& put(E value);
 
     /// Stores at \p index; the position stays.
-    /// \exception std::out_of_range "index + num_bytes > limit()" if \p index is not below the limit
+    /// \exception std::out_of_range "index + num_bytes > limit()" if \p index is not below the
+    /// limit
     Buffer<E>& put(std::size_t index, E value);
 
     /// Copies \p n elements in; the position moves on by \p n.

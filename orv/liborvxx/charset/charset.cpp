@@ -11,7 +11,9 @@
 
 namespace orv {
 
-bool Charset::isDigit(char16 c) noexcept { return c >= u'0' && c <= u'9'; }
+bool Charset::isDigit(char16 c) noexcept {
+    return c >= u'0' && c <= u'9';
+}
 
 bool Charset::isLetter(char16 c) noexcept {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
@@ -52,8 +54,8 @@ public:
 private:
     static bool isDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
 
-    // What stands for a number's leading zeros: the first digit behind them, the last zero at the end
-    // of the name, or the unit that follows, which is not consumed.
+    // What stands for a number's leading zeros: the first digit behind them, the last zero at the
+    // end of the name, or the unit that follows, which is not consumed.
     char32_t afterLeadingZero() {
         for (;;) {
             const auto unit = static_cast<char32_t>(name_[index_]);
@@ -133,7 +135,9 @@ Charset::Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ust
     }
 }
 
-Charset::~Charset() noexcept(false) { throw std::logic_error("Charset::~Charset"); }
+Charset::~Charset() noexcept(false) {
+    throw std::logic_error("Charset::~Charset");
+}
 
 Charset* Charset::forName(const ustring_ref& name) {
     if (const auto found = s_byName.find(name); found != s_byName.end()) {
@@ -196,8 +200,12 @@ std::string Charset::encode(ustring_ref text) {
     return bytes;
 }
 
-ustring Charset::decode(char byte) { return decode(string_ref(&byte, 1)); }
+ustring Charset::decode(char byte) {
+    return decode(string_ref(&byte, 1));
+}
 
-std::string Charset::encode(char16 unit) { return encode(ustring_ref(&unit, 1)); }
+std::string Charset::encode(char16 unit) {
+    return encode(ustring_ref(&unit, 1));
+}
 
 } // namespace orv

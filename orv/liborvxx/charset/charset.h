@@ -23,9 +23,9 @@ namespace orv {
 
 /// A character set: names, MIB number, and a factory for its decoders and encoders.
 ///
-/// Every set is one object that is never destroyed. Constructing one registers it; those of the library
-/// are made when it is loaded, and the registry is then only read, without a lock. A program may
-/// derive a set of its own and construct it before it starts other threads.
+/// Every set is one object that is never destroyed. Constructing one registers it; those of the
+/// library are made when it is loaded, and the registry is then only read, without a lock. A
+/// program may derive a set of its own and construct it before it starts other threads.
 ///
 /// Names are looked up loosely: case, punctuation and leading zeros of a number do not count, so
 /// "utf8", "UTF-8" and "utf_8" are one name.
@@ -54,12 +54,13 @@ public:
     virtual std::unique_ptr<CharsetDecoder> newDecoder() = 0;
     virtual std::unique_ptr<CharsetEncoder> newEncoder() = 0;
 
-    /// Converts a whole text. Bad bytes become U+FFFD; bad text throws nothing. Safe from any thread: one
-    /// decoder is kept for the next call, so that a repeated call allocates only its result.
+    /// Converts a whole text. Bad bytes become U+FFFD; bad text throws nothing. Safe from any
+    /// thread: one decoder is kept for the next call, so that a repeated call allocates only its
+    /// result.
     virtual ustring decode(string_ref bytes);
 
-    /// Converts a whole text. What has no counterpart becomes the encoder's replacement; otherwise as
-    /// `decode`.
+    /// Converts a whole text. What has no counterpart becomes the encoder's replacement; otherwise
+    /// as `decode`.
     virtual std::string encode(ustring_ref text);
 
     /// The text of one byte, the bytes of one unit.
@@ -83,10 +84,10 @@ public:
     /// All sets, in the order of their names.
     static std::vector<Charset*> availableCharsets();
 
-    /// The set of narrow text in this process, chosen when the library is loaded: by the environment
-    /// variable `ORV_DEFAULT_CHARSET` if it is set and not empty (US-ASCII if it names no known set);
-    /// else by the system's ANSI code page where there is one; else by the codeset of the environment's
-    /// locale; else US-ASCII.
+    /// The set of narrow text in this process, chosen when the library is loaded: by the
+    /// environment variable `ORV_DEFAULT_CHARSET` if it is set and not empty (US-ASCII if it names
+    /// no known set); else by the system's ANSI code page where there is one; else by the codeset
+    /// of the environment's locale; else US-ASCII.
     static Charset* defaultCharset() noexcept { return s_defaultCharset; }
 
     /// \name Sets that are at hand without a look-up
@@ -102,9 +103,9 @@ protected:
     /// Registers the set. The texts must live as long as the program.
     ///
     /// A name consists of ASCII letters and digits and of `+ - . : _`, which may not come first.
-    /// \exception std::invalid_argument* (thrown as a pointer) "invalid charset name: " and the name
-    /// \exception std::invalid_argument "duplicate alias" for two aliases that differ in case alone
-    /// \exception std::logic_error "ambiguous charset names" if another set has the name
+    /// \exception std::invalid_argument* (thrown as a pointer) "invalid charset name: " and the
+    /// name \exception std::invalid_argument "duplicate alias" for two aliases that differ in case
+    /// alone \exception std::logic_error "ambiguous charset names" if another set has the name
     Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ustring_ref> aliases);
 
     /// Must never run.

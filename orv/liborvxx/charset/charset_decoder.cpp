@@ -33,13 +33,17 @@ CharsetDecoder::CharsetDecoder(Charset* charset, float averageCharsPerByte,
 
 CharsetDecoder::~CharsetDecoder() = default;
 
-CodingErrorAction CharsetDecoder::malformedInputAction() const { return malformedInputAction_; }
+CodingErrorAction CharsetDecoder::malformedInputAction() const {
+    return malformedInputAction_;
+}
 
 CodingErrorAction CharsetDecoder::unmappableCharacterAction() const {
     return unmappableCharacterAction_;
 }
 
-bool CharsetDecoder::isAutoDetecting() const { return false; }
+bool CharsetDecoder::isAutoDetecting() const {
+    return false;
+}
 
 bool CharsetDecoder::isCharsetDetected() const {
     throw std::logic_error("CharsetDecoder::isCharsetDetected");
@@ -52,7 +56,9 @@ Charset* CharsetDecoder::detectedCharset() const {
 void CharsetDecoder::implReplaceWith(ustring_ref) {}
 void CharsetDecoder::implOnMalformedInput(CodingErrorAction) {}
 void CharsetDecoder::implOnUnmappableCharacter(CodingErrorAction) {}
-CoderResult CharsetDecoder::implFlush(Buffer<char16>&) { return CoderResult::underflow(); }
+CoderResult CharsetDecoder::implFlush(Buffer<char16>&) {
+    return CoderResult::underflow();
+}
 void CharsetDecoder::implReset() {}
 
 CharsetDecoder& CharsetDecoder::onMalformedInput(CodingErrorAction action) {

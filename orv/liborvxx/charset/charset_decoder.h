@@ -15,13 +15,13 @@ namespace orv {
 
 class Charset;
 
-/// Turns bytes of a character set into UTF-16. This class owns the state machine, the treatment of bad
-/// input and the replacement; a concrete decoder overrides `decodeLoop`.
+/// Turns bytes of a character set into UTF-16. This class owns the state machine, the treatment of
+/// bad input and the replacement; a concrete decoder overrides `decodeLoop`.
 ///
-/// A run goes: `decode(in, out, false)` as often as there is input, `decode(in, out, true)` with the
-/// last of it, `flush(out)`. Each call stops when the input is consumed, the output is full, or
-/// something must be reported; after an overflow it is repeated with more room. Or a whole input goes
-/// through `decode(in)` at once. A decoder belongs to one thread at a time.
+/// A run goes: `decode(in, out, false)` as often as there is input, `decode(in, out, true)` with
+/// the last of it, `flush(out)`. Each call stops when the input is consumed, the output is full, or
+/// something must be reported; after an overflow it is repeated with more room. Or a whole input
+/// goes through `decode(in)` at once. A decoder belongs to one thread at a time.
 ///
 /// | from | event | to |
 /// |---|---|---|
@@ -84,14 +84,15 @@ public:
     /// Forgets what went before: ready for a new run.
     CharsetDecoder& reset();
 
-    /// One step of a run: converts from \p in to \p out until the input is consumed, the output full, or
-    /// bad input is to be reported. Both positions then stand behind what was converted.
+    /// One step of a run: converts from \p in to \p out until the input is consumed, the output
+    /// full, or bad input is to be reported. Both positions then stand behind what was converted.
     ///
-    /// At the end of the input (\p endOfInput true) an unfinished sequence is malformed, its length all
-    /// that remains. The replacement is written whole or not at all.
-    /// \exception std::logic_error "CharsetDecoder::decode: illegal state"
-    /// \exception CoderMalfunctionError "CharsetDecoder::decode: unexpected buffer overflow" or
-    /// "CharsetDecoder::decode: unexpected buffer underflow" if the loop ran into a buffer's limit
+    /// At the end of the input (\p endOfInput true) an unfinished sequence is malformed, its length
+    /// all that remains. The replacement is written whole or not at all. Behind the position that
+    /// is left in \p out, up to its limit, units may have been overwritten. \exception
+    /// std::logic_error "CharsetDecoder::decode: illegal state" \exception CoderMalfunctionError
+    /// "CharsetDecoder::decode: unexpected buffer overflow" or "CharsetDecoder::decode: unexpected
+    /// buffer underflow" if the loop ran into a buffer's limit
     CoderResult decode(Buffer<const unsigned char>& in, Buffer<char16>& out, bool endOfInput);
 
     /// Writes what the decoder held back. To be repeated with more room after an overflow; harmless
@@ -109,8 +110,8 @@ public:
     ustring decode(string_ref in);
 
 protected:
-    /// The entry of a decode table for a byte with no counterpart: a lone surrogate, which is never a
-    /// target. Not the kind of `CoderResult` of that name.
+    /// The entry of a decode table for a byte with no counterpart: a lone surrogate, which is never
+    /// a target. Not the kind of `CoderResult` of that name.
     static constexpr char16_t UNMAPPABLE = 0xDFFF;
 
     /// \exception std::invalid_argument "CharsetDecoder::CharsetDecoder" unless

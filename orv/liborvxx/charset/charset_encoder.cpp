@@ -49,7 +49,9 @@ CharsetEncoder::~CharsetEncoder() = default;
 void CharsetEncoder::implReplaceWith(string_ref) {}
 void CharsetEncoder::implOnMalformedInput(CodingErrorAction) {}
 void CharsetEncoder::implOnUnmappableCharacter(CodingErrorAction) {}
-CoderResult CharsetEncoder::implFlush(Buffer<unsigned char>&) { return CoderResult::underflow(); }
+CoderResult CharsetEncoder::implFlush(Buffer<unsigned char>&) {
+    return CoderResult::underflow();
+}
 void CharsetEncoder::implReset() {}
 
 CharsetEncoder& CharsetEncoder::onMalformedInput(CodingErrorAction action) {
@@ -105,8 +107,8 @@ CoderResult CharsetEncoder::encode(Buffer<const char16>& in, Buffer<unsigned cha
         if (result.kind != CoderResult::UNMAPPABLE) {
             return malformedInputAction_;
         }
-        const std::size_t size = std::min<std::size_t>(
-            result.length == 1 ? 1 : 2, in.hasRemaining() ? in.remaining() : 0);
+        const std::size_t size = std::min<std::size_t>(result.length == 1 ? 1 : 2,
+                                                       in.hasRemaining() ? in.remaining() : 0);
         const char16* const units = in.data() + in.position();
         const bool ignorable =
             (size == 1 && isDefaultIgnorable(static_cast<char32_t>(units[0]))) ||
@@ -220,14 +222,14 @@ bool CharsetEncoder::isDefaultIgnorable(char32_t cp) noexcept {
     // A list of its own, and not the Unicode property, which changes between versions: what a text
     // turns into must not. U+FE00 to U+FEFF is whole, beyond the variation selectors.
     static constexpr Range RANGES[] = {
-        {0x00AD, 0x00AD},   {0x034F, 0x034F},   {0x061C, 0x061C},   {0x115F, 0x1160},
-        {0x17B4, 0x17B5},   {0x180B, 0x180E},   {0x200B, 0x200F},   {0x202A, 0x202E},
-        {0x2060, 0x206F},   {0x3164, 0x3164},   {0xFE00, 0xFEFF},   {0xFFA0, 0xFFA0},
-        {0xFFF0, 0xFFF8},   {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF},
+        {0x00AD, 0x00AD}, {0x034F, 0x034F},   {0x061C, 0x061C},   {0x115F, 0x1160},
+        {0x17B4, 0x17B5}, {0x180B, 0x180E},   {0x200B, 0x200F},   {0x202A, 0x202E},
+        {0x2060, 0x206F}, {0x3164, 0x3164},   {0xFE00, 0xFEFF},   {0xFFA0, 0xFFA0},
+        {0xFFF0, 0xFFF8}, {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF},
     };
-    const auto* const range = std::lower_bound(
-        std::begin(RANGES), std::end(RANGES), cp,
-        [](const Range& r, char32_t value) { return r.last < value; });
+    const auto* const range =
+        std::lower_bound(std::begin(RANGES), std::end(RANGES), cp,
+                         [](const Range& r, char32_t value) { return r.last < value; });
     return range != std::end(RANGES) && range->first <= cp;
 }
 

@@ -19,19 +19,19 @@ namespace orv {
 
 class Charset;
 
-/// Turns UTF-16 into bytes of a character set: the mirror image of `CharsetDecoder`, whose state table
-/// holds here with "encode" for "decode". A concrete encoder overrides `encodeLoop`.
+/// Turns UTF-16 into bytes of a character set: the mirror image of `CharsetDecoder`, whose state
+/// table holds here with "encode" for "decode". A concrete encoder overrides `encodeLoop`.
 ///
-/// Two things differ. The replacement must be valid in the character set, which a decoder checks. And
-/// default-ignorable characters without a counterpart (SOFT HYPHEN, variation selectors, U+FE00 to
-/// U+FEFF as a whole, tags) vanish, whatever the action for unmappable characters says.
-/// An encoder belongs to one thread at a time.
+/// Two things differ. The replacement must be valid in the character set, which a decoder checks.
+/// And default-ignorable characters without a counterpart (SOFT HYPHEN, variation selectors, U+FE00
+/// to U+FEFF as a whole, tags) vanish, whatever the action for unmappable characters says. An
+/// encoder belongs to one thread at a time.
 ///
 /// \par Example
 /// \code
 /// auto encoder = orv::Charset::US_ASCII->newEncoder();
 /// encoder->onUnmappableCharacter(orv::REPLACE).replaceWith("*");
-/// std::string bytes = encoder->encode(text);
+/// std::string bytes = encoder->encode(orv::Charset::UTF_8->decode("na\xC3\xAFve")); // "na*ve"
 /// \endcode
 class ORVXX_API CharsetEncoder {
 public:
@@ -39,10 +39,11 @@ public:
     CharsetEncoder& operator=(const CharsetEncoder&) = delete;
     virtual ~CharsetEncoder();
 
-    /// Whether `encode` of the text returns. It runs under the actions in force, so with `REPLACE` or
-    /// `IGNORE` the answer is true for anything; a surrogate by itself is malformed. Leaves the
+    /// Whether `encode` of the text returns. It runs under the actions in force, so with `REPLACE`
+    /// or `IGNORE` the answer is true for anything; a surrogate by itself is malformed. Leaves the
     /// encoder reset.
-    /// \exception std::logic_error "CharsetEncoder::canEncode: illegal state" in the middle of a run
+    /// \exception std::logic_error "CharsetEncoder::canEncode: illegal state" in the middle of a
+    /// run
     virtual bool canEncode(ustring_ref text);
     virtual bool canEncode(char16 unit);
 
@@ -80,11 +81,11 @@ public:
     /// Forgets what went before: ready for a new run.
     CharsetEncoder& reset();
 
-    /// One step of a run, as `CharsetDecoder::decode`. At the end of the input a lone high surrogate is
-    /// malformed, of length 1.
-    /// \exception std::logic_error "CharsetEncoder::encode: illegal state"
-    /// \exception CoderMalfunctionError "CharsetEncoder::encode: unexpected buffer overflow" or
-    /// "CharsetEncoder::encode: unexpected buffer underflow" if the loop ran into a buffer's limit
+    /// One step of a run, as `CharsetDecoder::decode`. At the end of the input a lone high
+    /// surrogate is malformed, of length 1. \exception std::logic_error "CharsetEncoder::encode:
+    /// illegal state" \exception CoderMalfunctionError "CharsetEncoder::encode: unexpected buffer
+    /// overflow" or "CharsetEncoder::encode: unexpected buffer underflow" if the loop ran into a
+    /// buffer's limit
     CoderResult encode(Buffer<const char16>& in, Buffer<unsigned char>& out, bool endOfInput);
 
     /// Writes what the encoder held back, as `CharsetDecoder::flush`.
@@ -100,11 +101,11 @@ public:
     std::string encode(ustring_ref in);
 
 protected:
-    /// The second form sets the replacement; the first leaves it "?". Both check the replacement, so
-    /// `newDecoder` of \p charset must work by then. `implReplaceWith` of the derived class is not
-    /// called, as its object does not exist yet.
-    /// \exception std::invalid_argument "CharsetEncoder::CharsetEncoder" unless
-    /// 0 < \p averageBytesPerChar <= \p maxBytesPerChar; and as `replaceWith`
+    /// The second form sets the replacement; the first leaves it "?". Both check the replacement,
+    /// so `newDecoder` of \p charset must work by then. `implReplaceWith` of the derived class is
+    /// not called, as its object does not exist yet. \exception std::invalid_argument
+    /// "CharsetEncoder::CharsetEncoder" unless 0 < \p averageBytesPerChar <= \p maxBytesPerChar;
+    /// and as `replaceWith`
     CharsetEncoder(Charset* charset, float averageBytesPerChar, unsigned int maxBytesPerChar);
     CharsetEncoder(Charset* charset, float averageBytesPerChar, unsigned int maxBytesPerChar,
                    string_ref replacement);
@@ -120,21 +121,23 @@ protected:
     virtual void implReset();
     /// @}
 
-    /// Converts until the input is consumed, the output is full, or a unit cannot be converted; with
-    /// the duties of `CharsetDecoder::decodeLoop`.
+    /// Converts until the input is consumed, the output is full, or a unit cannot be converted;
+    /// with the duties of `CharsetDecoder::decodeLoop`.
     virtual CoderResult encodeLoop(Buffer<const char16>& in, Buffer<unsigned char>& out) = 0;
 
     /// \name For the loops of concrete encoders
     /// @{
 
-    /// The code point that begins with \p first, a surrogate just read; \p pos is behind it and moves
-    /// past the low half. 0 if \p first is high and the input ends there (\p *result is left alone:
-    /// the low half may still come), and 0 with \p *result malformed of length 1 if there is no pair.
+    /// The code point that begins with \p first, a surrogate just read; \p pos is behind it and
+    /// moves past the low half. 0 if \p first is high and the input ends there (\p *result is left
+    /// alone: the low half may still come), and 0 with \p *result malformed of length 1 if there is
+    /// no pair.
     static char32_t fetchSurrogatePair(char16 first, const char16*& pos, const char16* end,
                                        CoderResult* result);
 
-    /// What to return for the unit at \p pos, which has no counterpart: unmappable of length 1, or 2
-    /// for a pair; malformed of length 1 for a lone surrogate; underflow for a high one at the end.
+    /// What to return for the unit at \p pos, which has no counterpart: unmappable of length 1, or
+    /// 2 for a pair; malformed of length 1 for a lone surrogate; underflow for a high one at the
+    /// end.
     static CoderResult unmappableCodeUnit(const char16* pos, const char16* end);
 
     /// @}

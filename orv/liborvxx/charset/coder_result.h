@@ -8,8 +8,8 @@ namespace orv {
 
 /// What stopped a conversion loop, and for bad input how many input units are concerned.
 ///
-/// A loop leaves the input position at the first unit of an offending sequence; `length` is how far it
-/// is from there to the sequence's end, in bytes for a decoder and in code units for an encoder.
+/// A loop leaves the input position at the first unit of an offending sequence; `length` is how far
+/// it is from there to the sequence's end, in bytes for a decoder and in code units for an encoder.
 struct CoderResult {
     /// All input is consumed, or more is needed to finish a sequence.
     static constexpr int UNDERFLOW = 0;

@@ -15,8 +15,8 @@ namespace detail {
 /// The set that the environment and the system ask for. The registry must be complete.
 Charset* chooseDefaultCharset();
 
-/// The same from what they say: the value of `ORV_DEFAULT_CHARSET` (empty if unset), the ANSI code page
-/// (0 on systems without), the codeset of the environment's locale (empty if unknown).
+/// The same from what they say: the value of `ORV_DEFAULT_CHARSET` (empty if unset), the ANSI code
+/// page (0 on systems without), the codeset of the environment's locale (empty if unknown).
 Charset* chooseDefaultCharset(string_ref wanted, int codePage, string_ref codeset);
 
 } // namespace detail

@@ -13,10 +13,14 @@ namespace orv {
 
 namespace {
 
-int fold(char c) { return std::toupper(static_cast<unsigned char>(c)); }
+int fold(char c) {
+    return std::toupper(static_cast<unsigned char>(c));
+}
 
 // Two steps: characters whose upper-case forms differ may still share the lower-case form of those.
-char16 fold(char16 c) { return Char16::toLowerCase(Char16::toUpperCase(c)); }
+char16 fold(char16 c) {
+    return Char16::toLowerCase(Char16::toUpperCase(c));
+}
 
 template <typename StringT>
 bool foldedEqual(const StringT& a, const StringT& b) {
@@ -56,8 +60,7 @@ bool case_insensitive_equal_to<ustring_ref>::operator()(const ustring_ref& a,
 }
 
 template <>
-bool case_insensitive_less<string_ref>::operator()(const string_ref& a,
-                                                   const string_ref& b) const {
+bool case_insensitive_less<string_ref>::operator()(const string_ref& a, const string_ref& b) const {
     return foldedLess(a, b);
 }
 

@@ -13,9 +13,9 @@ namespace orv {
 
 /// \name Case-insensitive keys
 ///
-/// Made for `string_ref` and `ustring_ref`. Narrow text is folded byte by byte with `toupper` in the
-/// C locale of the moment. UTF-16 text is folded unit by unit, to upper case and from there to lower
-/// case, by the simple mappings; surrogates are not paired. Equal keys have equal hashes.
+/// Made for `string_ref` and `ustring_ref`. Narrow text is folded byte by byte with `toupper` in
+/// the C locale of the moment. UTF-16 text is folded unit by unit, to upper case and from there to
+/// lower case, by the simple mappings; surrogates are not paired. Equal keys have equal hashes.
 /// @{
 
 /// Equality.
@@ -30,8 +30,8 @@ struct case_insensitive_less {
     ORVXX_API bool operator()(const T& a, const T& b) const;
 };
 
-/// Polynomial hash modulo 2^64 from 0: h * 15 + upper-case byte, or h * 31 + folded unit. The values
-/// are fixed, for callers that store them.
+/// Polynomial hash modulo 2^64 from 0: h * 15 + upper-case byte, or h * 31 + folded unit. The
+/// values are fixed, for callers that store them.
 template <typename T>
 struct case_insensitive_hash {
     ORVXX_API std::size_t operator()(const T& text) const;

@@ -18,8 +18,9 @@ namespace orv {
 ///
 /// Trivial and 2 bytes wide, so an array of `char16` is an array of UTF-16 units; see
 /// utf16_interop.h for handing one to an interface over `char16_t`. Conversion from `char16_t` is
-/// implicit, so `u'x'` and comparisons with it read naturally; every other integer needs a cast, and
-/// keeps its low 16 bits. A value-initialised unit is 0, a default-initialised one indeterminate.
+/// implicit, so `u'x'` and comparisons with it read naturally; every other integer needs a cast,
+/// and keeps its low 16 bits. A value-initialised unit is 0, a default-initialised one
+/// indeterminate.
 ///
 /// \par Example
 /// \code
@@ -38,13 +39,13 @@ public:
 
     /// The low 16 bits of \p value.
     template <std::integral T>
-        requires(!std::same_as<T, char16_t> && !std::same_as<T, bool>)
-    explicit constexpr char16(T value) noexcept : unit_(static_cast<char16_t>(value)) {}
+    requires(!std::same_as<T, char16_t> &&
+             !std::same_as<T, bool>) explicit constexpr char16(T value) noexcept
+        : unit_(static_cast<char16_t>(value)) {}
 
     /// The value, converted as an unsigned 16-bit number.
     template <std::integral T>
-        requires(!std::same_as<T, bool>)
-    explicit constexpr operator T() const noexcept {
+    requires(!std::same_as<T, bool>) explicit constexpr operator T() const noexcept {
         return static_cast<T>(unit_);
     }
 
@@ -76,13 +77,13 @@ public:
 
     /// The low 16 bits of \p value.
     template <std::integral T>
-        requires(!std::same_as<T, char16_t> && !std::same_as<T, bool>)
-    explicit constexpr char16_int(T value) noexcept : value_(static_cast<char16_t>(value)) {}
+    requires(!std::same_as<T, char16_t> &&
+             !std::same_as<T, bool>) explicit constexpr char16_int(T value) noexcept
+        : value_(static_cast<char16_t>(value)) {}
 
     /// The value, converted as an unsigned 16-bit number.
     template <std::integral T>
-        requires(!std::same_as<T, bool>)
-    explicit constexpr operator T() const noexcept {
+    requires(!std::same_as<T, bool>) explicit constexpr operator T() const noexcept {
         return static_cast<T>(value_);
     }
 

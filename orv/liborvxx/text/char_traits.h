@@ -17,8 +17,8 @@
 
 /// Character traits of `char16`.
 ///
-/// `compare` returns the difference of the first two units that differ, -65535 to 65535, and not just
-/// a sign. `eof()` is 0xFFFF, a value of the code-unit range: see `orv::char16_int`.
+/// `compare` returns the difference of the first two units that differ, -65535 to 65535, and not
+/// just a sign. `eof()` is 0xFFFF, a value of the code-unit range: see `orv::char16_int`.
 template <>
 struct std::char_traits<orv::char16> {
     using char_type = orv::char16;

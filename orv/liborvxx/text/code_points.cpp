@@ -20,15 +20,23 @@ bool validRadix(unsigned int radix) noexcept {
     return radix - Char16::MIN_RADIX <= Char16::MAX_RADIX - Char16::MIN_RADIX;
 }
 
-constexpr char32_t codePoint(char16 c) noexcept { return static_cast<char32_t>(c); }
+constexpr char32_t codePoint(char16 c) noexcept {
+    return static_cast<char32_t>(c);
+}
 
 } // namespace
 
 // A question about a unit is the question about the code point of the same number.
 #define ORV_CLASSIFY(name, answer)                                                                 \
-    bool Char16::name(char32_t c) noexcept { return answer; }                                      \
-    bool Char16::name(char16_t c) noexcept { return name(char32_t{c}); }                           \
-    bool Char16::name(char16 c) noexcept { return name(codePoint(c)); }
+    bool Char16::name(char32_t c) noexcept {                                                       \
+        return answer;                                                                             \
+    }                                                                                              \
+    bool Char16::name(char16_t c) noexcept {                                                       \
+        return name(char32_t{c});                                                                  \
+    }                                                                                              \
+    bool Char16::name(char16 c) noexcept {                                                         \
+        return name(codePoint(c));                                                                 \
+    }
 
 ORV_CLASSIFY(isAlphabetic, orvUniCharIsAlphabetic(c) != 0)
 ORV_CLASSIFY(isDefined, orvUniCharIsDefined(c) != 0)
@@ -43,18 +51,22 @@ ORV_CLASSIFY(isSpaceChar, (orvUniCharClass(c) & ORV_UNI_GROUP_MASK) == ORV_UNI_G
 ORV_CLASSIFY(isWhitespace, hasProperty(c, ORV_UNI_WHITE_SPACE))
 ORV_CLASSIFY(isIdentifierStart, hasProperty(c, ORV_UNI_ID_START))
 ORV_CLASSIFY(isIdentifierPart, hasProperty(c, ORV_UNI_ID_CONTINUE))
-ORV_CLASSIFY(isIdentifierIgnorable,
-             orvUniCharClass(c) == ORV_UNI_CLASS_FORMAT ||
-                 (orvUniCharClass(c) == ORV_UNI_CLASS_CONTROL && !hasProperty(c, ORV_UNI_WHITE_SPACE)))
+ORV_CLASSIFY(isIdentifierIgnorable, orvUniCharClass(c) == ORV_UNI_CLASS_FORMAT ||
+                                        (orvUniCharClass(c) == ORV_UNI_CLASS_CONTROL &&
+                                         !hasProperty(c, ORV_UNI_WHITE_SPACE)))
 
 #undef ORV_CLASSIFY
 
 #define ORV_MAP_CASE(name, map)                                                                    \
-    char32_t Char16::name(char32_t c) noexcept { return static_cast<char32_t>(map(c)); }           \
+    char32_t Char16::name(char32_t c) noexcept {                                                   \
+        return static_cast<char32_t>(map(c));                                                      \
+    }                                                                                              \
     char16_t Char16::name(char16_t c) noexcept {                                                   \
         return static_cast<char16_t>(name(char32_t{c}));                                           \
     }                                                                                              \
-    char16 Char16::name(char16 c) noexcept { return char16(name(codePoint(c))); }
+    char16 Char16::name(char16 c) noexcept {                                                       \
+        return char16(name(codePoint(c)));                                                         \
+    }
 
 ORV_MAP_CASE(toLowerCase, orvUniCharToLower)
 ORV_MAP_CASE(toUpperCase, orvUniCharToUpper)
@@ -92,9 +104,13 @@ int Char16::digit(char32_t c, unsigned int radix) noexcept {
     return -1;
 }
 
-int Char16::digit(char16_t c, unsigned int radix) noexcept { return digit(char32_t{c}, radix); }
+int Char16::digit(char16_t c, unsigned int radix) noexcept {
+    return digit(char32_t{c}, radix);
+}
 
-int Char16::digit(char16 c, unsigned int radix) noexcept { return digit(codePoint(c), radix); }
+int Char16::digit(char16 c, unsigned int radix) noexcept {
+    return digit(codePoint(c), radix);
+}
 
 char16 Char16::forDigit(unsigned int digit, unsigned int radix) noexcept {
     if (!validRadix(radix) || digit >= radix) {
@@ -118,8 +134,8 @@ char16 Char16::widen(char c) noexcept {
 
 namespace {
 
-// The checked access of the standard string words its message as the standard library likes; this one
-// words it the same everywhere.
+// The checked access of the standard string words its message as the standard library likes; this
+// one words it the same everywhere.
 char16 unitAt(const ustring& s, std::size_t index) {
     if (index >= s.size()) {
         throw std::out_of_range("invalid string position");
@@ -127,7 +143,9 @@ char16 unitAt(const ustring& s, std::size_t index) {
     return s[index];
 }
 
-char16 unitAt(const ustring_ref& s, std::size_t index) { return s.at(index); }
+char16 unitAt(const ustring_ref& s, std::size_t index) {
+    return s.at(index);
+}
 
 // The index after the code point at `index`, which is below `end`.
 template <typename StringT>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief `Char16`: classification, case, surrogates and radix digits of code units and code points.
+/// \brief `Char16`: classification, case, surrogates and radix digits of code units and code
+/// points.
 #ifndef ORV_LIBORVXX_TEXT_CODE_POINTS_H
 #define ORV_LIBORVXX_TEXT_CODE_POINTS_H
 
@@ -17,9 +18,9 @@ namespace orv {
 
 /// Static operations on UTF-16 code units and Unicode code points.
 ///
-/// Character properties come from the C library `orv` (see unichar.h there for the Unicode version).
-/// The overloads on 16-bit units ask about the code point of the same number, so a lone surrogate is
-/// asked about as such. Everything here is a pure function and safe from any thread.
+/// Character properties come from the C library `orv` (see unichar.h there for the Unicode
+/// version). The overloads on 16-bit units ask about the code point of the same number, so a lone
+/// surrogate is asked about as such. Everything here is a pure function and safe from any thread.
 class Char16 {
 public:
     Char16() = delete;
@@ -105,8 +106,8 @@ public:
 
     /// @}
     /// \name Case
-    /// Simple case mappings: one code point to one code point, so no text gets longer. The 16-bit forms
-    /// keep the low 16 bits of the answer.
+    /// Simple case mappings: one code point to one code point, so no text gets longer. The 16-bit
+    /// forms keep the low 16 bits of the answer.
     /// @{
     ORVXX_API static char16 toLowerCase(char16 c) noexcept;
     ORVXX_API static char16_t toLowerCase(char16_t c) noexcept;
@@ -174,18 +175,18 @@ public:
     /// \name Digits and narrow text
     /// @{
 
-    /// Value of a digit in a radix of 2 to 36, or -1. Digits are ASCII digits and letters, the decimal
-    /// digits of every script, and the full-width Latin letters.
+    /// Value of a digit in a radix of 2 to 36, or -1. Digits are ASCII digits and letters, the
+    /// decimal digits of every script, and the full-width Latin letters.
     ORVXX_API static int digit(char16 c, unsigned int radix) noexcept;
     ORVXX_API static int digit(char16_t c, unsigned int radix) noexcept;
     ORVXX_API static int digit(char32_t c, unsigned int radix) noexcept;
 
-    /// The ASCII digit or lower-case letter for \p digit, or U+0000 if \p digit is not below \p radix
-    /// or \p radix is not 2 to 36.
+    /// The ASCII digit or lower-case letter for \p digit, or U+0000 if \p digit is not below \p
+    /// radix or \p radix is not 2 to 36.
     ORVXX_API static char16 forDigit(unsigned int digit, unsigned int radix) noexcept;
 
-    /// A unit below 0x80 as that byte, a decimal digit of any script as its ASCII digit, and \p dflt
-    /// for the rest.
+    /// A unit below 0x80 as that byte, a decimal digit of any script as its ASCII digit, and \p
+    /// dflt for the rest.
     ORVXX_API static char narrow(char16 c, char dflt) noexcept;
 
     /// An ASCII character as its unit, and U+FFFD for a byte with the high bit set. No code page is
@@ -194,13 +195,13 @@ public:
 
     /// @}
     /// \name Code points in text
-    /// For `ustring` and `ustring_ref`. Indices and counts are in units; an unpaired surrogate counts
-    /// as a code point of its own.
+    /// For `ustring` and `ustring_ref`. Indices and counts are in units; an unpaired surrogate
+    /// counts as a code point of its own.
     /// @{
 
     /// The code point at \p index: the pair's where a pair begins there, otherwise the unit's.
-    /// \exception std::out_of_range if \p index is not below the size: "invalid string position" for
-    /// `ustring`, "basic_string_ref<CharT>::at" for `ustring_ref`.
+    /// \exception std::out_of_range if \p index is not below the size: "invalid string position"
+    /// for `ustring`, "basic_string_ref<CharT>::at" for `ustring_ref`.
     template <typename StringT>
     static char32_t codePointAt(const StringT& s, std::size_t index);
 
@@ -209,29 +210,28 @@ public:
     template <typename StringT>
     static char32_t codePointBefore(const StringT& s, std::size_t index);
 
-    /// Code points in the \p count units from \p index, fewer at the end of the text. A pair cut by the
-    /// end of the range counts 1. O(count).
-    /// \exception std::out_of_range
-    /// "Char16::codePointCount(const StringT &, size_type, size_type)" if \p index exceeds the size.
+    /// Code points in the \p count units from \p index, fewer at the end of the text. A pair cut by
+    /// the end of the range counts 1. O(count). \exception std::out_of_range
+    /// "Char16::codePointCount(const StringT &, size_type, size_type)" if \p index exceeds the
+    /// size.
     template <typename StringT>
     static std::size_t codePointCount(const StringT& s, std::size_t index, std::size_t count);
 
-    /// The index reached from \p index by \p codePointOffset code points, forward or back; `npos` if
-    /// that runs off either end. O(|offset|).
-    /// \exception std::out_of_range
-    /// "Char16::offsetByCodePoints(const StringT &, size_type, difference_type)" if \p index exceeds
-    /// the size.
+    /// The index reached from \p index by \p codePointOffset code points, forward or back; `npos`
+    /// if that runs off either end. O(|offset|). \exception std::out_of_range
+    /// "Char16::offsetByCodePoints(const StringT &, size_type, difference_type)" if \p index
+    /// exceeds the size.
     template <typename StringT>
     static std::size_t offsetByCodePoints(const StringT& s, std::size_t index,
                                           std::ptrdiff_t codePointOffset);
 
-    /// Appends \p cp and returns the units appended, 1 or 2. Values above 0x10FFFF are folded through
-    /// the masks of `highSurrogate` and `lowSurrogate`. `ustring` only.
+    /// Appends \p cp and returns the units appended, 1 or 2. Values above 0x10FFFF are folded
+    /// through the masks of `highSurrogate` and `lowSurrogate`. `ustring` only.
     template <typename StringT>
     static std::size_t toChars(char32_t cp, StringT& s);
 
-    /// Writes \p cp over the units from \p index, appending those that lie beyond the end, and returns
-    /// 1 or 2. An index beyond the size appends. `ustring` only.
+    /// Writes \p cp over the units from \p index, appending those that lie beyond the end, and
+    /// returns 1 or 2. An index beyond the size appends. `ustring` only.
     template <typename StringT>
     static std::size_t toChars(char32_t cp, StringT& s, std::size_t index);
 

@@ -110,8 +110,12 @@ ustring cvtstr<ustring>(wstring_ref text) {
     return result;
 }
 
-ustring to_ustring(const std::exception& e) { return cvtstr<ustring>(to_string(e)); }
+ustring to_ustring(const std::exception& e) {
+    return cvtstr<ustring>(to_string(e));
+}
 
-ustring to_ustring(const std::exception_ptr& p) { return cvtstr<ustring>(to_string(p)); }
+ustring to_ustring(const std::exception_ptr& p) {
+    return cvtstr<ustring>(to_string(p));
+}
 
 } // namespace orv

@@ -13,14 +13,16 @@
 
 namespace orv {
 
-/// Converts text from one string form to another; `To` is `std::string`, `ustring` or `std::wstring`.
+/// Converts text from one string form to another; `To` is `std::string`, `ustring` or
+/// `std::wstring`.
 ///
 /// Between narrow text and UTF-16 it goes through the default character set
 /// (`Charset::defaultCharset()`): what has no counterpart becomes the replacement, U+FFFD or "?".
-/// Between narrow and wide text it goes through the C runtime's locale of the moment, with a conversion
-/// state of its own: a wide character that does not convert becomes "?", a run of bad bytes one
-/// U+FFFD. Between UTF-16 and wide text it keeps the code points where `wchar_t` has 32 bits (lone
-/// surrogates keep their value, values above U+10FFFF become U+FFFD), and the units where it has 16.
+/// Between narrow and wide text it goes through the C runtime's locale of the moment, with a
+/// conversion state of its own: a wide character that does not convert becomes "?", a run of bad
+/// bytes one U+FFFD. Between UTF-16 and wide text it keeps the code points where `wchar_t` has 32
+/// bits (lone surrogates keep their value, values above U+10FFFF become U+FFFD), and the units
+/// where it has 16.
 ///
 /// Never throws for bad text; `std::bad_alloc` and `std::length_error` as the string does.
 /// \code

@@ -41,8 +41,8 @@ inline constexpr auto literal_units = [] {
 
 inline namespace literals {
 
-/// A view of the literal's units, without the terminating 0 that follows them. It lives as long as the
-/// program; nothing is computed or copied at run time.
+/// A view of the literal's units, without the terminating 0 that follows them. It lives as long as
+/// the program; nothing is computed or copied at run time.
 ///
 /// \code
 /// using namespace orv::literals;

@@ -146,7 +146,8 @@ std::size_t basic_string_ref<CharT>::find(const CharT* s, size_type pos) const n
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::find(const CharT* s, size_type pos,
+                                          size_type n) const noexcept {
     return view_type(*this).find(s, pos, n);
 }
 
@@ -166,7 +167,8 @@ std::size_t basic_string_ref<CharT>::rfind(const CharT* s, size_type pos) const 
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::rfind(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::rfind(const CharT* s, size_type pos,
+                                           size_type n) const noexcept {
     return find(s, pos, n);
 }
 
@@ -176,7 +178,8 @@ std::size_t basic_string_ref<CharT>::rfind(CharT c, size_type pos) const noexcep
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_first_of(basic_string_ref s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_first_of(basic_string_ref s,
+                                                   size_type pos) const noexcept {
     return view_type(*this).find_first_of(view_type(s), pos);
 }
 
@@ -186,7 +189,8 @@ std::size_t basic_string_ref<CharT>::find_first_of(const CharT* s, size_type pos
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_first_of(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::find_first_of(const CharT* s, size_type pos,
+                                                   size_type n) const noexcept {
     return view_type(*this).find_first_of(s, pos, n);
 }
 
@@ -196,17 +200,20 @@ std::size_t basic_string_ref<CharT>::find_first_of(CharT c, size_type pos) const
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_first_not_of(basic_string_ref s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_first_not_of(basic_string_ref s,
+                                                       size_type pos) const noexcept {
     return view_type(*this).find_first_not_of(view_type(s), pos);
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_first_not_of(const CharT* s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_first_not_of(const CharT* s,
+                                                       size_type pos) const noexcept {
     return view_type(*this).find_first_not_of(s, pos);
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_first_not_of(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::find_first_not_of(const CharT* s, size_type pos,
+                                                       size_type n) const noexcept {
     return view_type(*this).find_first_not_of(s, pos, n);
 }
 
@@ -216,7 +223,8 @@ std::size_t basic_string_ref<CharT>::find_first_not_of(CharT c, size_type pos) c
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_last_of(basic_string_ref s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_last_of(basic_string_ref s,
+                                                  size_type pos) const noexcept {
     return view_type(*this).find_last_of(view_type(s), pos);
 }
 
@@ -226,7 +234,8 @@ std::size_t basic_string_ref<CharT>::find_last_of(const CharT* s, size_type pos)
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_last_of(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::find_last_of(const CharT* s, size_type pos,
+                                                  size_type n) const noexcept {
     return view_type(*this).find_last_of(s, pos, n);
 }
 
@@ -236,17 +245,20 @@ std::size_t basic_string_ref<CharT>::find_last_of(CharT c, size_type pos) const 
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_last_not_of(basic_string_ref s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_last_not_of(basic_string_ref s,
+                                                      size_type pos) const noexcept {
     return view_type(*this).find_last_not_of(view_type(s), pos);
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_last_not_of(const CharT* s, size_type pos) const noexcept {
+std::size_t basic_string_ref<CharT>::find_last_not_of(const CharT* s,
+                                                      size_type pos) const noexcept {
     return view_type(*this).find_last_not_of(s, pos);
 }
 
 template <typename CharT>
-std::size_t basic_string_ref<CharT>::find_last_not_of(const CharT* s, size_type pos, size_type n) const noexcept {
+std::size_t basic_string_ref<CharT>::find_last_not_of(const CharT* s, size_type pos,
+                                                      size_type n) const noexcept {
     return view_type(*this).find_last_not_of(s, pos, n);
 }
 

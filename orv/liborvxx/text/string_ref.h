@@ -20,12 +20,13 @@
 
 namespace orv {
 
-/// A view of a text: a pointer and a length in code units. It owns nothing, copies nothing and assumes
-/// no terminating NUL; it is valid for as long as the storage behind it.
+/// A view of a text: a pointer and a length in code units. It owns nothing, copies nothing and
+/// assumes no terminating NUL; it is valid for as long as the storage behind it.
 ///
 /// Made for `char`, `char16`, `char16_t` and `wchar_t`. Positions, counts and lengths are in code
 /// units, and a surrogate pair counts as two. A view may hold a null pointer only with length 0.
-/// Members said to be unchecked have undefined behaviour on bad arguments (asserted in debug builds).
+/// Members said to be unchecked have undefined behaviour on bad arguments (asserted in debug
+/// builds).
 template <typename CharT>
 class ORVXX_API basic_string_ref {
 public:
@@ -139,9 +140,9 @@ public:
     /// \exception std::out_of_range "basic_string_ref<CharT>::substr" if \p pos exceeds the length.
     basic_string_ref substr(size_type pos = 0, size_type n = npos) const;
 
-    /// Copies min(\p n, length - \p pos) units from \p pos to \p dest, which may overlap, and returns
-    /// their count.
-    /// \exception std::out_of_range "basic_string_ref<CharT>::copy" if \p pos exceeds the length.
+    /// Copies min(\p n, length - \p pos) units from \p pos to \p dest, which may overlap, and
+    /// returns their count. \exception std::out_of_range "basic_string_ref<CharT>::copy" if \p pos
+    /// exceeds the length.
     size_type copy(CharT* dest, size_type n, size_type pos = 0) const;
 
     /// @}
@@ -213,13 +214,13 @@ public:
     /// Equality and order with whatever converts to a view of the same character type: views,
     /// strings, NUL-terminated texts. They follow `compare`.
     template <typename T>
-        requires std::convertible_to<const T&, view_type>
+    requires std::convertible_to<const T&, view_type>
     friend bool operator==(basic_string_ref a, const T& b) noexcept {
         const view_type other = b;
         return a.size_ == other.size() && a.compare(basic_string_ref(other)) == 0;
     }
     template <typename T>
-        requires std::convertible_to<const T&, view_type>
+    requires std::convertible_to<const T&, view_type>
     friend std::strong_ordering operator<=>(basic_string_ref a, const T& b) noexcept {
         const view_type other = b;
         return a.compare(basic_string_ref(other)) <=> 0;

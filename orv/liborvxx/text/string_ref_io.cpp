@@ -67,9 +67,13 @@ std::basic_ostream<CharT>& insert(std::basic_ostream<CharT>& os, basic_string_re
 
 } // namespace
 
-std::ostream& operator<<(std::ostream& os, string_ref text) { return insert(os, text); }
+std::ostream& operator<<(std::ostream& os, string_ref text) {
+    return insert(os, text);
+}
 
-std::wostream& operator<<(std::wostream& os, wstring_ref text) { return insert(os, text); }
+std::wostream& operator<<(std::wostream& os, wstring_ref text) {
+    return insert(os, text);
+}
 
 std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os, ustring_ref text) {
     return insert(os, text);

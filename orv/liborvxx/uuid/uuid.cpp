@@ -29,9 +29,13 @@ int hexDigit(char c) {
     return static_cast<unsigned char>(c) < 0x80 ? Char16::digit(Char16::widen(c), 16) : -1;
 }
 
-int hexDigit(char16 c) { return Char16::digit(c, 16); }
+int hexDigit(char16 c) {
+    return Char16::digit(c, 16);
+}
 
-std::string printable(string_ref text) { return text.to_string(); }
+std::string printable(string_ref text) {
+    return text.to_string();
+}
 
 std::string printable(ustring_ref text) {
     std::string narrow;
@@ -120,7 +124,9 @@ std::size_t UUID::getLeastSignificantBits() const noexcept {
     return bits;
 }
 
-int UUID::version() const noexcept { return record_.timeHiAndVersion >> 12; }
+int UUID::version() const noexcept {
+    return record_.timeHiAndVersion >> 12;
+}
 
 int UUID::variant() const noexcept {
     static constexpr std::array<int, 8> VARIANTS = {0, 0, 0, 0, 2, 2, 6, 7};
@@ -144,13 +150,17 @@ std::size_t UUID::node() const {
     return getLeastSignificantBits() & 0xFFFF'FFFF'FFFFU;
 }
 
-bool UUID::isNil() const noexcept { return equals(UUID()); }
+bool UUID::isNil() const noexcept {
+    return equals(UUID());
+}
 
 std::size_t UUID::hashCode() const noexcept {
     return getMostSignificantBits() ^ getLeastSignificantBits();
 }
 
-bool UUID::equals(const UUID& other) const noexcept { return compareTo(other) == 0; }
+bool UUID::equals(const UUID& other) const noexcept {
+    return compareTo(other) == 0;
+}
 
 int UUID::compareTo(const UUID& other) const noexcept {
     const std::size_t msb = getMostSignificantBits();
@@ -171,9 +181,13 @@ ustring UUID::toUString() const {
     return print<ustring>(getMostSignificantBits(), getLeastSignificantBits());
 }
 
-UUID UUID::fromString(string_ref text) { return parse(text); }
+UUID UUID::fromString(string_ref text) {
+    return parse(text);
+}
 
-UUID UUID::fromString(ustring_ref text) { return parse(text); }
+UUID UUID::fromString(ustring_ref text) {
+    return parse(text);
+}
 
 UUID UUID::randomUUID() {
     OrvUUID record;

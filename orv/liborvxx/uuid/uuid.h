@@ -79,10 +79,10 @@ public:
     std::string toString() const;
     ustring toUString() const;
 
-    /// Parses five groups of hexadecimal digits separated by "-": 1 to 8, 4, 4, 4 and 12 digits. Short
-    /// groups are numbers without leading zeros: "1-2-3-4-5" is a UUID. The UTF-16 form takes the
-    /// digits of every script, as `Char16::digit` does.
-    /// \exception std::invalid_argument "invalid UUID string: " and the text
+    /// Parses five groups of hexadecimal digits separated by "-": 1 to 8, 4, 4, 4 and 12 digits.
+    /// Short groups are numbers without leading zeros: "1-2-3-4-5" is a UUID. The UTF-16 form takes
+    /// the digits of every script, as `Char16::digit` does. \exception std::invalid_argument
+    /// "invalid UUID string: " and the text
     static UUID fromString(string_ref text);
     static UUID fromString(ustring_ref text);
 

@@ -98,9 +98,9 @@ CoderResult flushRun(CoderState& state, const CoderMessages& messages, ImplFlush
     }
 }
 
-/// Converts the \p inputSize elements of an input as one run. \p step makes a step of it into the given
-/// buffer, the last input; \p flush ends it. `Element` is that of the output buffer, as wide as
-/// the string's own.
+/// Converts the \p inputSize elements of an input as one run. \p step makes a step of it into the
+/// given buffer, the last input; \p flush ends it. `Element` is that of the output buffer, as wide
+/// as the string's own.
 template <typename String, typename Element, typename Step, typename Flush>
 String convertAll(std::size_t inputSize, float averageOutput, Step step, Flush flush) {
     static_assert(sizeof(Element) == sizeof(typename String::value_type));

@@ -11,8 +11,8 @@
 
 namespace orv::detail {
 
-/// Pointers into an input and an output buffer. They are taken once at the start of a loop; `commit`
-/// moves the buffers' positions once at its end.
+/// Pointers into an input and an output buffer. They are taken once at the start of a loop;
+/// `commit` moves the buffers' positions once at its end.
 template <typename In, typename Out>
 struct LoopCursor {
     LoopCursor(Buffer<const In>& inBuffer, Buffer<Out>& outBuffer)

@@ -21,8 +21,8 @@ inline void widen(const unsigned char* src, char16* dst, std::size_t n) noexcept
     }
 }
 
-/// Widens the ASCII bytes at the front of \p n bytes and returns their count. Nothing is written behind
-/// them.
+/// Widens the ASCII bytes at the front of \p n bytes and returns their count. Nothing is written
+/// behind them.
 inline std::size_t widenAscii(const unsigned char* src, char16* dst, std::size_t n) noexcept {
     constexpr std::size_t BLOCK = 32;
     std::size_t i = 0;
@@ -40,8 +40,8 @@ inline std::size_t widenAscii(const unsigned char* src, char16* dst, std::size_t
     return i;
 }
 
-/// Narrows the units up to \p Max at the front of \p n units and returns their count. Nothing is written
-/// behind them. \p Max is 2^k - 1.
+/// Narrows the units up to \p Max at the front of \p n units and returns their count. Nothing is
+/// written behind them. \p Max is 2^k - 1.
 template <unsigned int Max>
 std::size_t narrowUpTo(const char16* src, unsigned char* dst, std::size_t n) noexcept {
     static_assert(Max <= 0xFF && (Max & (Max + 1)) == 0);

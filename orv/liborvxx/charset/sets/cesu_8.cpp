@@ -34,8 +34,12 @@ protected:
     }
 };
 
-std::unique_ptr<CharsetDecoder> CESU_8::newDecoder() { return std::make_unique<Decoder>(this); }
+std::unique_ptr<CharsetDecoder> CESU_8::newDecoder() {
+    return std::make_unique<Decoder>(this);
+}
 
-std::unique_ptr<CharsetEncoder> CESU_8::newEncoder() { return std::make_unique<Encoder>(this); }
+std::unique_ptr<CharsetEncoder> CESU_8::newEncoder() {
+    return std::make_unique<Encoder>(this);
+}
 
 } // namespace orv

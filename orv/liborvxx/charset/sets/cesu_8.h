@@ -8,8 +8,8 @@
 
 namespace orv {
 
-/// Each code unit by itself in one to three bytes, so a supplementary character takes six. The decoder
-/// passes unpaired surrogates; the encoder refuses them.
+/// Each code unit by itself in one to three bytes, so a supplementary character takes six. The
+/// decoder passes unpaired surrogates; the encoder refuses them.
 class CESU_8 : public Charset {
 public:
     CESU_8();

@@ -41,8 +41,12 @@ public:
     using IdentityEncoder::IdentityEncoder;
 };
 
-std::unique_ptr<CharsetDecoder> ISO_8859_1::newDecoder() { return std::make_unique<Decoder>(this); }
+std::unique_ptr<CharsetDecoder> ISO_8859_1::newDecoder() {
+    return std::make_unique<Decoder>(this);
+}
 
-std::unique_ptr<CharsetEncoder> ISO_8859_1::newEncoder() { return std::make_unique<Encoder>(this); }
+std::unique_ptr<CharsetEncoder> ISO_8859_1::newEncoder() {
+    return std::make_unique<Encoder>(this);
+}
 
 } // namespace orv

@@ -45,8 +45,12 @@ public:
     using IdentityEncoder::IdentityEncoder;
 };
 
-std::unique_ptr<CharsetDecoder> US_ASCII::newDecoder() { return std::make_unique<Decoder>(this); }
+std::unique_ptr<CharsetDecoder> US_ASCII::newDecoder() {
+    return std::make_unique<Decoder>(this);
+}
 
-std::unique_ptr<CharsetEncoder> US_ASCII::newEncoder() { return std::make_unique<Encoder>(this); }
+std::unique_ptr<CharsetEncoder> US_ASCII::newEncoder() {
+    return std::make_unique<Encoder>(this);
+}
 
 } // namespace orv

@@ -35,8 +35,12 @@ protected:
     }
 };
 
-std::unique_ptr<CharsetDecoder> UTF_8::newDecoder() { return std::make_unique<Decoder>(this); }
+std::unique_ptr<CharsetDecoder> UTF_8::newDecoder() {
+    return std::make_unique<Decoder>(this);
+}
 
-std::unique_ptr<CharsetEncoder> UTF_8::newEncoder() { return std::make_unique<Encoder>(this); }
+std::unique_ptr<CharsetEncoder> UTF_8::newEncoder() {
+    return std::make_unique<Encoder>(this);
+}
 
 } // namespace orv

@@ -8,8 +8,8 @@
 
 namespace orv {
 
-/// The strict form: no surrogates, no overlong forms, nothing above U+10FFFF, in either direction. A bad
-/// continuation byte counts into the malformed length.
+/// The strict form: no surrogates, no overlong forms, nothing above U+10FFFF, in either direction.
+/// A bad continuation byte counts into the malformed length.
 class UTF_8 : public Charset {
 public:
     UTF_8();

@@ -2,9 +2,10 @@
 /// \file
 /// \brief UTF-8 and CESU-8 in bulk: what the plain loops do, many characters at a time.
 ///
-/// A fast loop converts valid text from the cursor on, whole characters only, and stops early wherever
-/// it likes: before bad text, near the end of a buffer, or at once. It never reports anything. The plain
-/// loop goes on from there, so every result, position and error length is the plain loop's.
+/// A fast loop converts valid text from the cursor on, whole characters only, and stops early
+/// wherever it likes: before bad text, near the end of a buffer, or at once. It never reports
+/// anything. The plain loop goes on from there, so every result, position and error length is the
+/// plain loop's.
 #ifndef ORV_LIBORVXX_CHARSET_SETS_UTF_8_FAST_H
 #define ORV_LIBORVXX_CHARSET_SETS_UTF_8_FAST_H
 
@@ -13,8 +14,8 @@
 
 namespace orv::utf_8 {
 
-/// Converts ahead and moves the cursor. Between the cursor and the end of the output, elements may be
-/// overwritten.
+/// Converts ahead and moves the cursor. Between the cursor and the end of the output, elements may
+/// be overwritten.
 template <Format format>
 void decodeAhead(detail::DecodeCursor& cursor) noexcept;
 template <Format format>

@@ -2,8 +2,8 @@
 /// \file
 /// \brief UTF-8 and CESU-8, one sequence at a time.
 ///
-/// These loops say what the formats are. They finish whatever the fast loops leave: ends of buffers,
-/// errors, and all of CESU-8 beyond ASCII.
+/// These loops say what the formats are. They finish whatever the fast loops leave: ends of
+/// buffers, errors, and all of CESU-8 beyond ASCII.
 #ifndef ORV_LIBORVXX_CHARSET_SETS_UTF_8_PLAIN_H
 #define ORV_LIBORVXX_CHARSET_SETS_UTF_8_PLAIN_H
 
@@ -48,9 +48,9 @@ constexpr bool isAllowed(char32_t value, std::size_t length) noexcept {
     }
 }
 
-/// Decodes the sequence at the cursor, which has input left. Underflow means that it was decoded, or,
-/// where the cursor has not moved, that the input ends inside it. A bad continuation byte counts into
-/// the malformed length.
+/// Decodes the sequence at the cursor, which has input left. Underflow means that it was decoded,
+/// or, where the cursor has not moved, that the input ends inside it. A bad continuation byte
+/// counts into the malformed length.
 template <Format format>
 CoderResult decodeOne(detail::DecodeCursor& cursor) noexcept {
     const unsigned char lead = *cursor.src;
@@ -97,12 +97,12 @@ inline void put(unsigned char* dst, char32_t value, std::size_t length) noexcept
         value >>= 6;
     }
     // 110xxxxx, 1110xxxx, 11110xxx.
-    dst[0] = static_cast<unsigned char>((0xF00U >> length) & 0xFFU) |
-             static_cast<unsigned char>(value);
+    dst[0] =
+        static_cast<unsigned char>((0xF00U >> length) & 0xFFU) | static_cast<unsigned char>(value);
 }
 
-/// Encodes the character at the cursor, which has input left. Underflow means that it was encoded, or,
-/// where the cursor has not moved, that the input ends inside a pair.
+/// Encodes the character at the cursor, which has input left. Underflow means that it was encoded,
+/// or, where the cursor has not moved, that the input ends inside a pair.
 template <Format format>
 CoderResult encodeOne(detail::EncodeCursor& cursor) noexcept {
     const char16 first = *cursor.src;

@@ -2,8 +2,8 @@
 /// \file
 /// \brief UTF-8 kernels for x86-64 processors with SSE4.1.
 ///
-/// The files behind this header are compiled for SSE4.1 and must share no inline function with the rest
-/// of the library, of which the linker might keep their copy. So they take plain pointers.
+/// The files behind this header are compiled for SSE4.1 and must share no inline function with the
+/// rest of the library, of which the linker might keep their copy. So they take plain pointers.
 #ifndef ORV_LIBORVXX_CHARSET_SETS_UTF_8_SSE41_H
 #define ORV_LIBORVXX_CHARSET_SETS_UTF_8_SSE41_H
 
@@ -23,8 +23,8 @@ struct EncodePointers {
     unsigned char* dstEnd;
 };
 
-/// Converts valid text ahead; see utf_8_fast.h. With \p fourByteForms false, a lead byte of four bytes
-/// counts as bad text.
+/// Converts valid text ahead; see utf_8_fast.h. With \p fourByteForms false, a lead byte of four
+/// bytes counts as bad text.
 void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept;
 
 /// Converts valid text ahead; see utf_8_fast.h. With \p pairs false, it stops before surrogates.

@@ -2,11 +2,11 @@
 /// \file
 /// \brief UTF-8 to UTF-16 with SSE4.1.
 ///
-/// Blocks of 64 bytes are validated with the three-table method of J. Keiser and D. Lemire, "Validating
-/// UTF-8 In Less Than One Instruction Per Byte" (Software: Practice and Experience 51, 2021), and
-/// converted twelve bytes at a time: the positions of the last bytes of characters select a byte
-/// shuffle (D. Lemire and W. Mula, "Transcoding Billions of Unicode Characters per Second with SIMD
-/// Instructions", Software: Practice and Experience 52, 2022).
+/// Blocks of 64 bytes are validated with the three-table method of J. Keiser and D. Lemire,
+/// "Validating UTF-8 In Less Than One Instruction Per Byte" (Software: Practice and Experience 51,
+/// 2021), and converted twelve bytes at a time: the positions of the last bytes of characters
+/// select a byte shuffle (D. Lemire and W. Mula, "Transcoding Billions of Unicode Characters per
+/// Second with SIMD Instructions", Software: Practice and Experience 52, 2022).
 #include "orv/liborvxx/charset/sets/utf_8_sse41.h"
 
 #include <cstdint>
@@ -25,7 +25,8 @@ constexpr int LOAD = 16;
 // Units that a store may reach beyond what it adds.
 constexpr int STORE_SLACK = 16;
 
-// --- Validation -----------------------------------------------------------------------------------
+// --- Validation
+// -----------------------------------------------------------------------------------
 //
 // Each pair of neighbouring bytes is looked up by the high half of the first, the low half of the
 // first and the high half of the second. A bit that is set in all three answers names the fault.
@@ -47,13 +48,13 @@ __m128i highHalves(__m128i bytes) {
 }
 
 __m128i pairFaults(__m128i bytes, __m128i previous) {
-    const __m128i firstHigh = _mm_shuffle_epi8(
-        _mm_setr_epi8(TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG,
-                      TOO_LONG, TWO_CONTINUATIONS, TWO_CONTINUATIONS, TWO_CONTINUATIONS,
-                      TWO_CONTINUATIONS, TOO_SHORT | OVERLONG_2, TOO_SHORT,
-                      TOO_SHORT | OVERLONG_3 | SURROGATE,
-                      TOO_SHORT | TOO_LARGE | TOO_LARGE_1000 | OVERLONG_4),
-        highHalves(previous));
+    const __m128i firstHigh =
+        _mm_shuffle_epi8(_mm_setr_epi8(TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG, TOO_LONG,
+                                       TOO_LONG, TOO_LONG, TWO_CONTINUATIONS, TWO_CONTINUATIONS,
+                                       TWO_CONTINUATIONS, TWO_CONTINUATIONS, TOO_SHORT | OVERLONG_2,
+                                       TOO_SHORT, TOO_SHORT | OVERLONG_3 | SURROGATE,
+                                       TOO_SHORT | TOO_LARGE | TOO_LARGE_1000 | OVERLONG_4),
+                         highHalves(previous));
     constexpr char LARGE = CARRY | TOO_LARGE | TOO_LARGE_1000;
     const __m128i firstLow = _mm_shuffle_epi8(
         _mm_setr_epi8(CARRY | OVERLONG_3 | OVERLONG_2 | OVERLONG_4, CARRY | OVERLONG_2, CARRY,
@@ -84,13 +85,14 @@ __m128i faults(__m128i bytes, __m128i before) {
     return _mm_xor_si128(expected, pairFaults(bytes, previous1));
 }
 
-// --- Shuffles --------------------------------------------------------------------------------------
+// --- Shuffles
+// --------------------------------------------------------------------------------------
 
 // How to take the characters of a window apart, by kind.
 enum WindowKind : std::uint8_t {
-    SIX_SHORT,  // six characters of one or two bytes
-    FOUR_BMP,   // four of one to three
-    THREE_ANY,  // three of one to four
+    SIX_SHORT, // six characters of one or two bytes
+    FOUR_BMP,  // four of one to three
+    THREE_ANY, // three of one to four
 };
 
 struct Window {
@@ -99,9 +101,9 @@ struct Window {
     std::uint8_t consumed;
 };
 
-constexpr int SIX_SHORT_SHUFFLES = 64;   // 2^6
-constexpr int FOUR_BMP_SHUFFLES = 81;    // 3^4
-constexpr int THREE_ANY_SHUFFLES = 64;   // 4^3
+constexpr int SIX_SHORT_SHUFFLES = 64; // 2^6
+constexpr int FOUR_BMP_SHUFFLES = 81;  // 3^4
+constexpr int THREE_ANY_SHUFFLES = 64; // 4^3
 constexpr int SHUFFLES = SIX_SHORT_SHUFFLES + FOUR_BMP_SHUFFLES + THREE_ANY_SHUFFLES;
 
 struct Tables {
@@ -171,7 +173,8 @@ constexpr Tables makeTables() {
 
 constexpr Tables TABLES = makeTables();
 
-// --- Conversion -------------------------------------------------------------------------------------
+// --- Conversion
+// -------------------------------------------------------------------------------------
 
 __m128i load(const unsigned char* src) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(src));
@@ -207,8 +210,7 @@ __m128i joinAny(__m128i lanes) {
     const __m128i middle = _mm_and_si128(lanes, _mm_set1_epi32(0x3F00));
     // The lead byte 1110xxxx of a three-byte form leaves a bit too many, told by the bit above it.
     const __m128i excess = _mm_srli_epi32(_mm_and_si128(lanes, _mm_set1_epi32(0x400000)), 1);
-    const __m128i high =
-        _mm_xor_si128(_mm_and_si128(lanes, _mm_set1_epi32(0x3F0000)), excess);
+    const __m128i high = _mm_xor_si128(_mm_and_si128(lanes, _mm_set1_epi32(0x3F0000)), excess);
     const __m128i highest = _mm_and_si128(lanes, _mm_set1_epi32(0x07000000));
     return _mm_or_si128(_mm_or_si128(low, _mm_srli_epi32(middle, 2)),
                         _mm_or_si128(_mm_srli_epi32(high, 4), _mm_srli_epi32(highest, 6)));
@@ -219,8 +221,8 @@ char16_t* putThree(char16_t* dst, __m128i codePoints) {
     const __m128i isPair = _mm_cmpgt_epi32(codePoints, _mm_set1_epi32(0xFFFF));
     const __m128i offset = _mm_sub_epi32(codePoints, _mm_set1_epi32(0x10000));
     const __m128i high = _mm_or_si128(_mm_srli_epi32(offset, 10), _mm_set1_epi32(0xD800));
-    const __m128i low = _mm_or_si128(_mm_and_si128(offset, _mm_set1_epi32(0x3FF)),
-                                     _mm_set1_epi32(0xDC00));
+    const __m128i low =
+        _mm_or_si128(_mm_and_si128(offset, _mm_set1_epi32(0x3FF)), _mm_set1_epi32(0xDC00));
     const __m128i pair = _mm_or_si128(high, _mm_slli_epi32(low, 16));
     alignas(16) std::uint32_t units[4];
     alignas(16) std::uint32_t second[4];
@@ -234,7 +236,8 @@ char16_t* putThree(char16_t* dst, __m128i codePoints) {
     return dst;
 }
 
-// Converts the characters in front of a window whose `ends` mark last bytes; returns the bytes consumed.
+// Converts the characters in front of a window whose `ends` mark last bytes; returns the bytes
+// consumed.
 int convertWindow(const unsigned char* src, std::uint64_t ends, char16_t*& dst) {
     const __m128i bytes = load(src);
     if ((ends & 0xFFFF) == 0xFFFF) {
@@ -243,8 +246,7 @@ int convertWindow(const unsigned char* src, std::uint64_t ends, char16_t*& dst) 
         return 16;
     }
     if ((ends & 0xFFFF) == 0xAAAA) {
-        const __m128i swap =
-            _mm_setr_epi8(1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14);
+        const __m128i swap = _mm_setr_epi8(1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14);
         store(dst, joinShort(_mm_shuffle_epi8(bytes, swap)));
         dst += 8;
         return 16;
@@ -291,9 +293,8 @@ void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
             dst += BLOCK;
             continue;
         }
-        __m128i bad = _mm_or_si128(
-            _mm_or_si128(faults(b0, _mm_setzero_si128()), faults(b1, b0)),
-            _mm_or_si128(faults(b2, b1), faults(b3, b2)));
+        __m128i bad = _mm_or_si128(_mm_or_si128(faults(b0, _mm_setzero_si128()), faults(b1, b0)),
+                                   _mm_or_si128(faults(b2, b1), faults(b3, b2)));
         if (!fourByteForms) {
             const __m128i highest = _mm_max_epu8(_mm_max_epu8(b0, b1), _mm_max_epu8(b2, b3));
             bad = _mm_or_si128(bad, _mm_cmpeq_epi8(_mm_max_epu8(highest, fourByteLeads), highest));
@@ -308,8 +309,8 @@ void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
         };
         const std::uint64_t leads = ~(continuations(b0) | continuations(b1) << 16 |
                                       continuations(b2) << 32 | continuations(b3) << 48);
-        // A byte is a last one if a lead follows. The last byte of the block stays open, so no window
-        // may reach it: of twelve bytes that are known, three characters are complete.
+        // A byte is a last one if a lead follows. The last byte of the block stays open, so no
+        // window may reach it: of twelve bytes that are known, three characters are complete.
         std::uint64_t ends = leads >> 1;
         const unsigned char* const lastWindow = src + BLOCK - WINDOW;
         while (src < lastWindow) {

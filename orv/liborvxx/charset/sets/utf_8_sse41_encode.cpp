@@ -50,7 +50,8 @@ constexpr Tables makeTables() {
         }
         Packing& four = tables.fourBmp[mask];
         for (int lane = 0; lane < 4; ++lane) {
-            // Lane bytes: ASCII, last continuation, lead of three, lead of two or first continuation.
+            // Lane bytes: ASCII, last continuation, lead of three, lead of two or first
+            // continuation.
             const int first = 4 * lane;
             if ((mask >> (2 * lane) & 1) != 0) {
                 take(four, first);
@@ -68,7 +69,9 @@ constexpr Tables makeTables() {
 
 alignas(16) constexpr Tables TABLES = makeTables();
 
-__m128i load(const void* src) { return _mm_loadu_si128(static_cast<const __m128i*>(src)); }
+__m128i load(const void* src) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(src));
+}
 
 void store(unsigned char* dst, __m128i bytes) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), bytes);
@@ -80,15 +83,17 @@ unsigned char* pack(unsigned char* dst, __m128i lanes, const Packing& packing) {
 }
 
 // All lanes of a comparison hold.
-bool all(__m128i lanes) { return _mm_movemask_epi8(lanes) == 0xFFFF; }
+bool all(__m128i lanes) {
+    return _mm_movemask_epi8(lanes) == 0xFFFF;
+}
 
 // Units below 0x800; the lanes of `ascii` tell which have one byte.
 unsigned char* putShort(unsigned char* dst, __m128i units, __m128i ascii) {
     // [00000aaa aabbbbbb] to [110aaaaa 10bbbbbb].
     const __m128i high = _mm_and_si128(_mm_slli_epi16(units, 2), _mm_set1_epi16(0x1F00));
     const __m128i low = _mm_and_si128(units, _mm_set1_epi16(0x003F));
-    const __m128i two = _mm_or_si128(_mm_or_si128(high, low),
-                                     _mm_set1_epi16(static_cast<short>(0xC080)));
+    const __m128i two =
+        _mm_or_si128(_mm_or_si128(high, low), _mm_set1_epi16(static_cast<short>(0xC080)));
     const __m128i lanes = _mm_blendv_epi8(two, units, ascii);
     const int mask = _mm_movemask_epi8(_mm_packs_epi16(ascii, _mm_setzero_si128()));
     return pack(dst, lanes, TABLES.eightShort[mask]);
@@ -99,15 +104,14 @@ unsigned char* putBmp(unsigned char* dst, __m128i units, __m128i ascii, __m128i 
     // [aaaabbbb bbcccccc] to the two right bytes [10cccccc 0bcccccc] of a lane of four...
     const __m128i doubled = _mm_shuffle_epi8(
         units, _mm_setr_epi8(0, 0, 2, 2, 4, 4, 6, 6, 8, 8, 10, 10, 12, 12, 14, 14));
-    const __m128i right =
-        _mm_or_si128(_mm_and_si128(doubled, _mm_set1_epi16(0x3F7F)),
-                     _mm_set1_epi16(static_cast<short>(0x8000)));
-    // ...and the two left ones [11bbbbbb 1110aaaa], the first of them [10bbbbbb ...] with three bytes.
+    const __m128i right = _mm_or_si128(_mm_and_si128(doubled, _mm_set1_epi16(0x3F7F)),
+                                       _mm_set1_epi16(static_cast<short>(0x8000)));
+    // ...and the two left ones [11bbbbbb 1110aaaa], the first of them [10bbbbbb ...] with three
+    // bytes.
     const __m128i shifted =
         _mm_and_si128(_mm_srli_epi16(units, 4), _mm_set1_epi16(0x0FFC)); // [0000aaaa bbbbbb00]
     const __m128i swapped = _mm_maddubs_epi16(shifted, _mm_set1_epi16(0x0140));
-    const __m128i marked =
-        _mm_or_si128(swapped, _mm_set1_epi16(static_cast<short>(0xC0E0)));
+    const __m128i marked = _mm_or_si128(swapped, _mm_set1_epi16(static_cast<short>(0xC0E0)));
     const __m128i left =
         _mm_xor_si128(marked, _mm_andnot_si128(belowThree, _mm_set1_epi16(0x4000)));
     const int mask = (_mm_movemask_epi8(ascii) & 0x5555) | (_mm_movemask_epi8(belowThree) & 0xAAAA);
