@@ -27,8 +27,9 @@ struct EncodePointers {
 /// bytes counts as bad text.
 void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept;
 
-/// Converts valid text ahead; see utf_8_fast.h. With \p pairs false, it stops before surrogates.
-void encodeSse41(EncodePointers& p, bool pairs) noexcept;
+/// Converts valid text ahead; see utf_8_fast.h. A surrogate pair becomes four bytes with \p
+/// joinPairs, otherwise three for each half.
+void encodeSse41(EncodePointers& p, bool joinPairs) noexcept;
 
 } // namespace orv::utf_8
 

@@ -4,7 +4,8 @@
 ///
 /// Eight units at a time are spread to their bytes and packed by a shuffle that the units' lengths
 /// select (D. Lemire and W. Mula, "Transcoding Billions of Unicode Characters per Second with SIMD
-/// Instructions", Software: Practice and Experience 52, 2022). Surrogates take the scalar road.
+/// Instructions", Software: Practice and Experience 52, 2022). A surrogate pair fits in: each half
+/// gives two of the four bytes.
 #include "orv/liborvxx/charset/sets/utf_8_sse41.h"
 
 #include <cstdint>
@@ -99,68 +100,85 @@ unsigned char* putShort(unsigned char* dst, __m128i units, __m128i ascii) {
     return pack(dst, lanes, TABLES.eightShort[mask]);
 }
 
-// Units that are no surrogates; the lanes of `ascii` and `belowThree` tell which are shorter.
-unsigned char* putBmp(unsigned char* dst, __m128i units, __m128i ascii, __m128i belowThree) {
-    // [aaaabbbb bbcccccc] to the two right bytes [10cccccc 0bcccccc] of a lane of four...
+// The bytes of eight units, in lanes of four for each unit: [left, right].
+struct Spread {
+    __m128i right; // [last continuation, ASCII]
+    __m128i left;  // [lead of two or first continuation of three, lead of three]
+};
+
+// As characters of one to three bytes; the lanes of `belowThree` have less than three.
+Spread spreadBmp(__m128i units, __m128i belowThree) {
+    // [aaaabbbb bbcccccc] to [10cccccc 0bcccccc]...
     const __m128i doubled = _mm_shuffle_epi8(
         units, _mm_setr_epi8(0, 0, 2, 2, 4, 4, 6, 6, 8, 8, 10, 10, 12, 12, 14, 14));
     const __m128i right = _mm_or_si128(_mm_and_si128(doubled, _mm_set1_epi16(0x3F7F)),
                                        _mm_set1_epi16(static_cast<short>(0x8000)));
-    // ...and the two left ones [11bbbbbb 1110aaaa], the first of them [10bbbbbb ...] with three
-    // bytes.
+    // ...and [11bbbbbb 1110aaaa], with three bytes [10bbbbbb 1110aaaa].
     const __m128i shifted =
         _mm_and_si128(_mm_srli_epi16(units, 4), _mm_set1_epi16(0x0FFC)); // [0000aaaa bbbbbb00]
     const __m128i swapped = _mm_maddubs_epi16(shifted, _mm_set1_epi16(0x0140));
     const __m128i marked = _mm_or_si128(swapped, _mm_set1_epi16(static_cast<short>(0xC0E0)));
     const __m128i left =
         _mm_xor_si128(marked, _mm_andnot_si128(belowThree, _mm_set1_epi16(0x4000)));
+    return {right, left};
+}
+
+// Puts two bytes for each half of a surrogate pair in place. With `top` the ten bits of the high
+// half plus 0x40, which adds 0x10000, and `low` those of the low half, they are [11110ttt 10tttttt]
+// [10ttllll 10llllll].
+void spreadPairs(Spread& spread, __m128i units, __m128i isHigh, __m128i isLow) {
+    const __m128i top =
+        _mm_add_epi16(_mm_and_si128(units, _mm_set1_epi16(0x3FF)), _mm_set1_epi16(0x40));
+    const __m128i highLeft = _mm_or_si128(_mm_and_si128(top, _mm_set1_epi16(0x0700)),
+                                          _mm_set1_epi16(static_cast<short>(0xF000)));
+    const __m128i highRight =
+        _mm_or_si128(_mm_and_si128(_mm_slli_epi16(top, 6), _mm_set1_epi16(0x3F00)),
+                     _mm_set1_epi16(static_cast<short>(0x8000)));
+    // The low half needs the last two bits of the unit in front.
+    const __m128i front = _mm_slli_epi16(_mm_slli_si128(top, 2), 12);
+    const __m128i lowLeft =
+        _mm_or_si128(_mm_or_si128(_mm_and_si128(front, _mm_set1_epi16(0x3000)),
+                                  _mm_and_si128(_mm_slli_epi16(units, 2), _mm_set1_epi16(0x0F00))),
+                     _mm_set1_epi16(static_cast<short>(0x8000)));
+    spread.right = _mm_blendv_epi8(spread.right, highRight, isHigh);
+    spread.left = _mm_blendv_epi8(_mm_blendv_epi8(spread.left, highLeft, isHigh), lowLeft, isLow);
+}
+
+unsigned char* putSpread(unsigned char* dst, const Spread& spread, __m128i ascii,
+                         __m128i belowThree) {
     const int mask = (_mm_movemask_epi8(ascii) & 0x5555) | (_mm_movemask_epi8(belowThree) & 0xAAAA);
-    dst = pack(dst, _mm_unpacklo_epi16(right, left), TABLES.fourBmp[mask & 0xFF]);
-    return pack(dst, _mm_unpackhi_epi16(right, left), TABLES.fourBmp[mask >> 8]);
+    dst = pack(dst, _mm_unpacklo_epi16(spread.right, spread.left), TABLES.fourBmp[mask & 0xFF]);
+    return pack(dst, _mm_unpackhi_epi16(spread.right, spread.left), TABLES.fourBmp[mask >> 8]);
 }
 
-// One unit below 0x10000 that is no surrogate.
-unsigned char* putUnit(unsigned char* dst, std::uint32_t unit) {
-    if (unit < 0x80) {
-        *dst++ = static_cast<unsigned char>(unit);
-    } else if (unit < 0x800) {
-        *dst++ = static_cast<unsigned char>(0xC0U | unit >> 6);
-        *dst++ = static_cast<unsigned char>(0x80U | (unit & 0x3FU));
-    } else {
-        *dst++ = static_cast<unsigned char>(0xE0U | unit >> 12);
-        *dst++ = static_cast<unsigned char>(0x80U | (unit >> 6 & 0x3FU));
-        *dst++ = static_cast<unsigned char>(0x80U | (unit & 0x3FU));
-    }
-    return dst;
+int laneMask(__m128i lanes) {
+    return _mm_movemask_epi8(_mm_packs_epi16(lanes, lanes)) & 0xFF;
 }
 
-// About a step of text with surrogates; stops before one without a partner.
-bool putMixed(const char16_t*& src, unsigned char*& dst) {
-    const char16_t* const stepEnd = src + STEP;
-    while (src < stepEnd) {
-        const std::uint32_t unit = *src;
-        if ((unit & 0xF800U) != 0xD800U) {
-            dst = putUnit(dst, unit);
-            ++src;
-            continue;
-        }
-        const std::uint32_t second = src[1];
-        if ((unit & 0x400U) != 0 || (second & 0xFC00U) != 0xDC00U) {
-            return false;
-        }
-        const std::uint32_t value = ((unit & 0x3FFU) << 10 | (second & 0x3FFU)) + 0x10000U;
-        *dst++ = static_cast<unsigned char>(0xF0U | value >> 18);
-        *dst++ = static_cast<unsigned char>(0x80U | (value >> 12 & 0x3FU));
-        *dst++ = static_cast<unsigned char>(0x80U | (value >> 6 & 0x3FU));
-        *dst++ = static_cast<unsigned char>(0x80U | (value & 0x3FU));
-        src += 2;
+// A step with surrogates. Returns the units converted: eight, seven if the eighth opens a pair, or
+// none if a surrogate has no partner.
+int putSurrogates(unsigned char*& dst, __m128i units, __m128i ascii, __m128i belowThree,
+                  bool joinPairs) {
+    const __m128i kind = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFC00)));
+    const __m128i isHigh = _mm_cmpeq_epi16(kind, _mm_set1_epi16(static_cast<short>(0xD800)));
+    const __m128i isLow = _mm_cmpeq_epi16(kind, _mm_set1_epi16(static_cast<short>(0xDC00)));
+    const int highs = laneMask(isHigh);
+    if ((highs << 1 & 0xFF) != laneMask(isLow)) {
+        return 0;
     }
-    return true;
+    const int open = highs >> (STEP - 1);
+    Spread spread = spreadBmp(units, belowThree);
+    if (joinPairs) {
+        spreadPairs(spread, units, isHigh, isLow);
+        belowThree = _mm_or_si128(belowThree, _mm_or_si128(isHigh, isLow));
+    }
+    dst = putSpread(dst, spread, ascii, belowThree) - open * (joinPairs ? 2 : 3);
+    return STEP - open;
 }
 
 } // namespace
 
-void encodeSse41(EncodePointers& p, bool pairs) noexcept {
+void encodeSse41(EncodePointers& p, bool joinPairs) noexcept {
     const char16_t* src = p.src;
     unsigned char* dst = p.dst;
     const __m128i zero = _mm_setzero_si128();
@@ -187,13 +205,15 @@ void encodeSse41(EncodePointers& p, bool pairs) noexcept {
         }
         const __m128i isSurrogate = _mm_cmpeq_epi16(_mm_and_si128(units, top), surrogates);
         if (_mm_testz_si128(isSurrogate, isSurrogate) != 0) {
-            dst = putBmp(dst, units, ascii, belowThree);
+            dst = putSpread(dst, spreadBmp(units, belowThree), ascii, belowThree);
             src += STEP;
             continue;
         }
-        if (!pairs || !putMixed(src, dst)) {
+        const int converted = putSurrogates(dst, units, ascii, belowThree, joinPairs);
+        if (converted == 0) {
             break;
         }
+        src += converted;
     }
     p.src = src;
     p.dst = dst;
