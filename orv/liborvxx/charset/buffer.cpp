@@ -18,8 +18,6 @@ BufferBase::BufferBase(std::size_t position, std::size_t limit, std::size_t capa
     init(position, limit, capacity);
 }
 
-BufferBase::~BufferBase() = default;
-
 void BufferBase::init(std::size_t position, std::size_t limit, std::size_t capacity) {
     if (position > limit) {
         throw std::invalid_argument("position > limit");
@@ -32,20 +30,12 @@ void BufferBase::init(std::size_t position, std::size_t limit, std::size_t capac
     capacity_ = capacity;
 }
 
-BufferBase& BufferBase::limit(std::size_t newLimit) {
-    if (newLimit > capacity_) {
-        throw std::invalid_argument("new_limit > capacity()");
-    }
-    limit_ = newLimit;
-    return *this;
+void BufferBase::badLimit() {
+    throw std::invalid_argument("new_limit > capacity()");
 }
 
-BufferBase& BufferBase::position(std::size_t newPosition) {
-    if (newPosition > limit_) {
-        throw std::invalid_argument("new_position > limit()");
-    }
-    position_ = newPosition;
-    return *this;
+void BufferBase::badPosition() {
+    throw std::invalid_argument("new_position > limit()");
 }
 
 std::size_t BufferBase::check_index(std::size_t index, std::size_t n) const {
@@ -74,17 +64,6 @@ void moveElements(E* dest, const E* src, std::size_t n) {
 }
 
 } // namespace
-
-template <typename E>
-BasicBuffer<E>::BasicBuffer(E* data, std::size_t capacity)
-    : BufferBase(0, capacity, capacity), data_(data) {}
-
-template <typename E>
-BasicBuffer<E>::BasicBuffer(E* data, std::size_t position, std::size_t limit, std::size_t capacity)
-    : BufferBase(position, limit, capacity), data_(data) {}
-
-template <typename E>
-BasicBuffer<E>::~BasicBuffer() = default;
 
 template <typename E>
 void BasicBuffer<E>::init(E* data, std::size_t capacity) {
@@ -148,12 +127,6 @@ Buffer<E>& BasicBuffer<E>::put(Buffer<const E>& src, std::size_t n) {
     src.get(data_ + index, count);
     return static_cast<Buffer<E>&>(*this);
 }
-
-template <typename E>
-Buffer<const E>::~Buffer() = default;
-
-template <typename E>
-Buffer<E>::~Buffer() = default;
 
 template class BasicBuffer<unsigned char>;
 template class BasicBuffer<char16>;

@@ -38,7 +38,7 @@ public:
 /// Position, limit and capacity, and the checks on them.
 class ORVXX_API BufferBase {
 public:
-    virtual ~BufferBase();
+    virtual ~BufferBase() = default;
 
     /// Elements in the array.
     std::size_t capacity() const noexcept { return capacity_; }
@@ -49,13 +49,25 @@ public:
     /// Sets the limit and nothing else: a position beyond it stays there, `remaining()` then wraps,
     /// `hasRemaining()` is false and relative access finds no room.
     /// \exception std::invalid_argument "new_limit > capacity()"
-    BufferBase& limit(std::size_t newLimit);
+    BufferBase& limit(std::size_t newLimit) {
+        if (newLimit > capacity_) {
+            badLimit();
+        }
+        limit_ = newLimit;
+        return *this;
+    }
 
     /// Index of the next element to read or write.
     std::size_t position() const noexcept { return position_; }
 
     /// \exception std::invalid_argument "new_position > limit()"
-    BufferBase& position(std::size_t newPosition);
+    BufferBase& position(std::size_t newPosition) {
+        if (newPosition > limit_) {
+            badPosition();
+        }
+        position_ = newPosition;
+        return *this;
+    }
 
     /// Elements from the position to the limit.
     std::size_t remaining() const noexcept { return limit_ - position_; }
@@ -82,6 +94,10 @@ public:
     }
 
 protected:
+    /// Position 0 and the limit at the capacity.
+    explicit BufferBase(std::size_t capacity) noexcept
+        : position_(0), limit_(capacity), capacity_(capacity) {}
+
     /// \exception std::invalid_argument "position > limit" or "limit > capacity", in this order
     BufferBase(std::size_t position, std::size_t limit, std::size_t capacity);
     BufferBase(const BufferBase&) = default;
@@ -130,6 +146,9 @@ private:
         return index;
     }
 
+    [[noreturn]] static void badLimit();
+    [[noreturn]] static void badPosition();
+
     std::size_t position_;
     std::size_t limit_;
     std::size_t capacity_;
@@ -142,7 +161,7 @@ class Buffer;
 template <typename E>
 class ORVXX_API BasicBuffer : public BufferBase {
 public:
-    ~BasicBuffer() override;
+    ~BasicBuffer() override = default;
 
     /// The element at the position, which moves on by 1.
     /// \exception BufferUnderflowError if there is none; the position stays
@@ -162,8 +181,9 @@ public:
     Buffer<const E>& get(E* dest, std::size_t n);
 
 protected:
-    BasicBuffer(E* data, std::size_t capacity);
-    BasicBuffer(E* data, std::size_t position, std::size_t limit, std::size_t capacity);
+    BasicBuffer(E* data, std::size_t capacity) noexcept : BufferBase(capacity), data_(data) {}
+    BasicBuffer(E* data, std::size_t position, std::size_t limit, std::size_t capacity)
+        : BufferBase(position, limit, capacity), data_(data) {}
     BasicBuffer(const BasicBuffer&) = default;
     BasicBuffer& operator=(const BasicBuffer&) = default;
 
@@ -222,7 +242,7 @@ public:
     /// A copy views the same array with a position of its own.
     Buffer(const Buffer&) = default;
     Buffer& operator=(const Buffer&) = default;
-    ~Buffer() override;
+    ~Buffer() override = default;
 
     /// The first element of the array, wherever the position is.
     const E* data() const noexcept { return BasicBuffer<E>::data(); }
@@ -242,7 +262,7 @@ public:
     /// A copy views the same array with a position of its own.
     Buffer(const Buffer&) = default;
     Buffer& operator=(const Buffer&) = default;
-    ~Buffer() override;
+    ~Buffer() override = default;
 
     using BasicBuffer<E>::compact;
     using BasicBuffer<E>::data;

@@ -25,8 +25,7 @@ constexpr int LOAD = 16;
 // Units that a store may reach beyond what it adds.
 constexpr int STORE_SLACK = 16;
 
-// --- Validation
-// -----------------------------------------------------------------------------------
+// Validation.
 //
 // Each pair of neighbouring bytes is looked up by the high half of the first, the low half of the
 // first and the high half of the second. A bit that is set in all three answers names the fault.
@@ -85,8 +84,7 @@ __m128i faults(__m128i bytes, __m128i before) {
     return _mm_xor_si128(expected, pairFaults(bytes, previous1));
 }
 
-// --- Shuffles
-// --------------------------------------------------------------------------------------
+// Shuffles.
 
 // How to take the characters of a window apart, by kind.
 enum WindowKind : std::uint8_t {
@@ -173,8 +171,7 @@ constexpr Tables makeTables() {
 
 constexpr Tables TABLES = makeTables();
 
-// --- Conversion
-// -------------------------------------------------------------------------------------
+// Conversion.
 
 __m128i load(const unsigned char* src) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(src));
@@ -187,6 +184,10 @@ void store(char16_t* dst, __m128i units) {
 void widen(char16_t* dst, __m128i bytes) {
     store(dst, _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
     store(dst + 8, _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+}
+
+bool isAscii(__m128i bytes) {
+    return _mm_movemask_epi8(bytes) == 0;
 }
 
 // 16-bit lanes [110aaaaa 10bbbbbb] or [00000000 0bbbbbbb].
@@ -272,19 +273,52 @@ int convertWindow(const unsigned char* src, std::uint64_t ends, char16_t*& dst) 
     return window.consumed;
 }
 
-} // namespace
+// Blocks.
 
-void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
+// What is known of up to 64 bytes, fed 16 at a time. They begin with a character.
+class Scan {
+public:
+    void feed(__m128i bytes, int position) {
+        bad_ = _mm_or_si128(bad_, faults(bytes, before_));
+        highest_ = _mm_max_epu8(highest_, bytes);
+        // Continuation bytes are the signed values below -64.
+        const int mask = _mm_movemask_epi8(_mm_cmplt_epi8(bytes, _mm_set1_epi8(-64)));
+        continuations_ |= static_cast<std::uint64_t>(mask) << position;
+        before_ = bytes;
+    }
+
+    // A sequence that goes on behind the bytes passes.
+    bool isValid(bool fourByteForms) const {
+        if (_mm_testz_si128(bad_, bad_) == 0) {
+            return false;
+        }
+        const __m128i firstLead = _mm_set1_epi8(static_cast<char>(0xF0));
+        const __m128i isLead = _mm_cmpeq_epi8(_mm_max_epu8(highest_, firstLead), highest_);
+        return fourByteForms || _mm_movemask_epi8(isLead) == 0;
+    }
+
+    // Bit i says that byte i is a continuation byte.
+    std::uint64_t continuations() const { return continuations_; }
+
+private:
+    __m128i bad_ = _mm_setzero_si128();
+    __m128i highest_ = _mm_setzero_si128();
+    __m128i before_ = _mm_setzero_si128();
+    std::uint64_t continuations_ = 0;
+};
+
+// Converts blocks as long as whole ones, with what their stores may overwrite, fit in both buffers.
+// Returns false if it met bad text.
+bool decodeBlocks(DecodePointers& p, bool fourByteForms) {
     const unsigned char* src = p.src;
     char16_t* dst = p.dst;
-    const __m128i fourByteLeads = _mm_set1_epi8(static_cast<char>(0xF0));
+    bool good = true;
     while (p.srcEnd - src >= BLOCK + LOAD && p.dstEnd - dst >= BLOCK + STORE_SLACK) {
         const __m128i b0 = load(src);
         const __m128i b1 = load(src + 16);
         const __m128i b2 = load(src + 32);
         const __m128i b3 = load(src + 48);
-        const __m128i all = _mm_or_si128(_mm_or_si128(b0, b1), _mm_or_si128(b2, b3));
-        if (_mm_movemask_epi8(all) == 0) {
+        if (isAscii(_mm_or_si128(_mm_or_si128(b0, b1), _mm_or_si128(b2, b3)))) {
             widen(dst, b0);
             widen(dst + 16, b1);
             widen(dst + 32, b2);
@@ -293,25 +327,18 @@ void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
             dst += BLOCK;
             continue;
         }
-        __m128i bad = _mm_or_si128(_mm_or_si128(faults(b0, _mm_setzero_si128()), faults(b1, b0)),
-                                   _mm_or_si128(faults(b2, b1), faults(b3, b2)));
-        if (!fourByteForms) {
-            const __m128i highest = _mm_max_epu8(_mm_max_epu8(b0, b1), _mm_max_epu8(b2, b3));
-            bad = _mm_or_si128(bad, _mm_cmpeq_epi8(_mm_max_epu8(highest, fourByteLeads), highest));
-        }
-        if (_mm_testz_si128(bad, bad) == 0) {
+        Scan scan;
+        scan.feed(b0, 0);
+        scan.feed(b1, 16);
+        scan.feed(b2, 32);
+        scan.feed(b3, 48);
+        if (!scan.isValid(fourByteForms)) {
+            good = false;
             break;
         }
-        // Continuation bytes are the signed values below -64.
-        const __m128i firstLead = _mm_set1_epi8(-64);
-        const auto continuations = [firstLead](__m128i bytes) {
-            return static_cast<std::uint64_t>(_mm_movemask_epi8(_mm_cmplt_epi8(bytes, firstLead)));
-        };
-        const std::uint64_t leads = ~(continuations(b0) | continuations(b1) << 16 |
-                                      continuations(b2) << 32 | continuations(b3) << 48);
         // A byte is a last one if a lead follows. The last byte of the block stays open, so no
         // window may reach it: of twelve bytes that are known, three characters are complete.
-        std::uint64_t ends = leads >> 1;
+        std::uint64_t ends = ~scan.continuations() >> 1;
         const unsigned char* const lastWindow = src + BLOCK - WINDOW;
         while (src < lastWindow) {
             const int consumed = convertWindow(src, ends, dst);
@@ -321,6 +348,91 @@ void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
     }
     p.src = src;
     p.dst = dst;
+    return good;
+}
+
+// The length of the whole sequences among `n` bytes, if they are valid.
+int withoutOpenSequence(const unsigned char* src, int n) {
+    for (int k = 1; k <= 3 && k <= n; ++k) {
+        const unsigned char byte = src[n - k];
+        if (byte >= 0xC0) {
+            const int length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+            return length > k ? n - k : n;
+        }
+        if (byte < 0x80) {
+            break;
+        }
+    }
+    return n;
+}
+
+// Converts runs of ASCII at the ends of buffers.
+void widenEnd(DecodePointers& p) {
+    while (p.srcEnd - p.src >= LOAD && p.dstEnd - p.dst >= LOAD) {
+        const __m128i bytes = load(p.src);
+        if (!isAscii(bytes)) {
+            return;
+        }
+        widen(p.dst, bytes);
+        p.src += LOAD;
+        p.dst += LOAD;
+    }
+}
+
+// Converts the ends of buffers: up to 64 bytes at a time, padded with zeros in a copy.
+void decodeEnd(DecodePointers& p, bool fourByteForms) {
+    constexpr int SHORTEST = 4;
+    constexpr int UNITS = BLOCK + WINDOW + STORE_SLACK;
+    for (;;) {
+        widenEnd(p);
+        const auto left = p.srcEnd - p.src;
+        if (left < SHORTEST) {
+            return;
+        }
+        const int n = withoutOpenSequence(p.src, left < BLOCK ? static_cast<int>(left) : BLOCK);
+        alignas(16) unsigned char bytes[BLOCK + LOAD] = {};
+        std::memcpy(bytes, p.src, static_cast<std::size_t>(n));
+        Scan scan;
+        for (int pos = 0; pos < n; pos += LOAD) {
+            scan.feed(load(bytes + pos), pos);
+        }
+        // Bad text may be open once more in front of an open sequence; a scan to a block's end would
+        // let it pass.
+        if (n == 0 || withoutOpenSequence(p.src, n) != n || !scan.isValid(fourByteForms)) {
+            return;
+        }
+        // Straight into the output where there is room for all that the stores may overwrite.
+        const auto room = p.dstEnd - p.dst;
+        char16_t copy[UNITS];
+        char16_t* const units = room >= UNITS ? p.dst : copy;
+        char16_t* dst = units;
+        // A shifted-in 0 is no continuation byte: the padding counts as characters.
+        std::uint64_t continuations = scan.continuations() >> 1;
+        int pos = 0;
+        while (pos < n) {
+            const int consumed = convertWindow(bytes + pos, ~continuations, dst);
+            pos += consumed;
+            continuations >>= consumed;
+        }
+        // Each byte of padding that went with the last window gave a unit.
+        const auto count = (dst - units) - (pos - n);
+        if (units == copy) {
+            if (count > room) {
+                return;
+            }
+            std::memcpy(p.dst, copy, static_cast<std::size_t>(count) * sizeof(char16_t));
+        }
+        p.src += n;
+        p.dst += count;
+    }
+}
+
+} // namespace
+
+void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
+    if (decodeBlocks(p, fourByteForms)) {
+        decodeEnd(p, fourByteForms);
+    }
 }
 
 } // namespace orv::utf_8

@@ -8,7 +8,10 @@
 /// gives two of the four bytes.
 #include "orv/liborvxx/charset/sets/utf_8_sse41.h"
 
+#include "orv/liborvxx/base/platform.h"
+
 #include <cstdint>
+#include <cstring>
 
 #include <smmintrin.h>
 
@@ -16,11 +19,12 @@ namespace orv::utf_8 {
 
 namespace {
 
-// Units of a step, and input that a step may look at.
+// Units of a step.
 constexpr int STEP = 8;
-constexpr int LOOK_AHEAD = 2 * STEP;
 // Output that a step may overwrite: two stores of 16 bytes.
 constexpr int ROOM = 32;
+// The bits of a unit that ASCII does not have.
+constexpr auto ABOVE_ASCII = static_cast<short>(0xFF80);
 
 struct Packing {
     std::uint8_t length;
@@ -176,47 +180,89 @@ int putSurrogates(unsigned char*& dst, __m128i units, __m128i ascii, __m128i bel
     return STEP - open;
 }
 
-} // namespace
+// Converts eight units, or seven if the eighth opens a pair; returns how many, 0 before a surrogate
+// without a partner. Inlined, so that the pointers of the loop stay in registers.
+ORVXX_ALWAYS_INLINE int encodeStep(unsigned char*& dst, __m128i units, bool joinPairs) {
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i ascii = _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(ABOVE_ASCII)), zero);
+    if (all(ascii)) {
+        store(dst, _mm_packus_epi16(units, zero));
+        dst += STEP;
+        return STEP;
+    }
+    const __m128i top = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xF800)));
+    const __m128i belowThree = _mm_cmpeq_epi16(top, zero);
+    if (all(belowThree)) {
+        dst = putShort(dst, units, ascii);
+        return STEP;
+    }
+    const __m128i isSurrogate = _mm_cmpeq_epi16(top, _mm_set1_epi16(static_cast<short>(0xD800)));
+    if (_mm_testz_si128(isSurrogate, isSurrogate) == 0) {
+        return putSurrogates(dst, units, ascii, belowThree, joinPairs);
+    }
+    dst = putSpread(dst, spreadBmp(units, belowThree), ascii, belowThree);
+    return STEP;
+}
 
-void encodeSse41(EncodePointers& p, bool joinPairs) noexcept {
+// Converts as long as whole steps, with what their stores may overwrite, fit in both buffers.
+// Returns false if it met bad text.
+bool encodeSteps(EncodePointers& p, bool joinPairs) {
+    const __m128i aboveAscii = _mm_set1_epi16(ABOVE_ASCII);
     const char16_t* src = p.src;
     unsigned char* dst = p.dst;
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i aboveAscii = _mm_set1_epi16(static_cast<short>(0xFF80));
-    const __m128i top = _mm_set1_epi16(static_cast<short>(0xF800));
-    const __m128i surrogates = _mm_set1_epi16(static_cast<short>(0xD800));
-    while (p.srcEnd - src >= LOOK_AHEAD && p.dstEnd - dst >= ROOM) {
+    bool good = true;
+    while (p.srcEnd - src >= 2 * STEP && p.dstEnd - dst >= ROOM) {
         const __m128i units = load(src);
-        const __m128i ascii = _mm_cmpeq_epi16(_mm_and_si128(units, aboveAscii), zero);
-        if (all(ascii)) {
-            const __m128i next = load(src + STEP);
+        const __m128i next = load(src + STEP);
+        if (_mm_testz_si128(_mm_or_si128(units, next), aboveAscii) != 0) {
             store(dst, _mm_packus_epi16(units, next));
-            // The eight units behind count only if they are ASCII too.
-            const bool both = _mm_testz_si128(next, aboveAscii) != 0;
-            src += both ? 2 * STEP : STEP;
-            dst += both ? 2 * STEP : STEP;
+            src += 2 * STEP;
+            dst += 2 * STEP;
             continue;
         }
-        const __m128i belowThree = _mm_cmpeq_epi16(_mm_and_si128(units, top), zero);
-        if (all(belowThree)) {
-            dst = putShort(dst, units, ascii);
-            src += STEP;
-            continue;
-        }
-        const __m128i isSurrogate = _mm_cmpeq_epi16(_mm_and_si128(units, top), surrogates);
-        if (_mm_testz_si128(isSurrogate, isSurrogate) != 0) {
-            dst = putSpread(dst, spreadBmp(units, belowThree), ascii, belowThree);
-            src += STEP;
-            continue;
-        }
-        const int converted = putSurrogates(dst, units, ascii, belowThree, joinPairs);
+        const int converted = encodeStep(dst, units, joinPairs);
         if (converted == 0) {
+            good = false;
             break;
         }
         src += converted;
     }
     p.src = src;
     p.dst = dst;
+    return good;
+}
+
+// Converts the ends of buffers: steps of up to eight units, padded with zeros in a copy.
+void encodeEnd(EncodePointers& p, bool joinPairs) {
+    while (p.src != p.srcEnd) {
+        const auto left = p.srcEnd - p.src;
+        const int n = left < STEP ? static_cast<int>(left) : STEP;
+        char16_t units[STEP] = {};
+        unsigned char bytes[ROOM];
+        std::memcpy(units, p.src, static_cast<std::size_t>(n) * sizeof(char16_t));
+        unsigned char* dst = bytes;
+        const int converted = encodeStep(dst, load(units), joinPairs);
+        if (converted == 0) {
+            return;
+        }
+        // Each unit of padding gave a byte.
+        const int padding = converted > n ? converted - n : 0;
+        const auto count = (dst - bytes) - padding;
+        if (count > p.dstEnd - p.dst) {
+            return;
+        }
+        std::memcpy(p.dst, bytes, static_cast<std::size_t>(count));
+        p.src += converted - padding;
+        p.dst += count;
+    }
+}
+
+} // namespace
+
+void encodeSse41(EncodePointers& p, bool joinPairs) noexcept {
+    if (encodeSteps(p, joinPairs)) {
+        encodeEnd(p, joinPairs);
+    }
 }
 
 } // namespace orv::utf_8
