@@ -9,6 +9,7 @@
 /// Second with SIMD Instructions", Software: Practice and Experience 52, 2022).
 #include "orv/liborvxx/charset/sets/utf_8_sse41.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -239,8 +240,7 @@ char16_t* putThree(char16_t* dst, __m128i codePoints) {
 
 // Converts the characters in front of a window whose `ends` mark last bytes; returns the bytes
 // consumed.
-int convertWindow(const unsigned char* src, std::uint64_t ends, char16_t*& dst) {
-    const __m128i bytes = load(src);
+int convertWindow(__m128i bytes, std::uint64_t ends, char16_t*& dst) {
     if ((ends & 0xFFFF) == 0xFFFF) {
         widen(dst, bytes);
         dst += 16;
@@ -341,7 +341,7 @@ bool decodeBlocks(DecodePointers& p, bool fourByteForms) {
         std::uint64_t ends = ~scan.continuations() >> 1;
         const unsigned char* const lastWindow = src + BLOCK - WINDOW;
         while (src < lastWindow) {
-            const int consumed = convertWindow(src, ends, dst);
+            const int consumed = convertWindow(load(src), ends, dst);
             src += consumed;
             ends >>= consumed;
         }
@@ -379,7 +379,40 @@ void widenEnd(DecodePointers& p) {
     }
 }
 
-// Converts the ends of buffers: up to 64 bytes at a time, padded with zeros in a copy.
+// The last bytes of an input, which can be looked at 16 at a time: behind the end there are zeros.
+class InputEnd {
+public:
+    InputEnd(const unsigned char* src, std::ptrdiff_t size) : src_(src), size_(size) {
+        if (size_ >= LOAD) {
+            last_ = load(src_ + size_ - LOAD);
+            return;
+        }
+        unsigned char bytes[LOAD] = {};
+        std::memcpy(bytes + LOAD - size_, src_, static_cast<std::size_t>(size_));
+        last_ = load(bytes);
+    }
+
+    // The bytes from `position`, which does not exceed the size.
+    __m128i at(std::ptrdiff_t position) const {
+        const std::ptrdiff_t missing = position + LOAD - size_;
+        if (missing <= 0) {
+            return load(src_ + position);
+        }
+        // The bytes of the last load, moved to the front.
+        static constexpr signed char MOVES[2 * LOAD] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10,
+                                                        11, 12, 13, 14, 15, -1, -1, -1, -1, -1, -1,
+                                                        -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+        return _mm_shuffle_epi8(last_,
+                                _mm_loadu_si128(reinterpret_cast<const __m128i*>(MOVES + missing)));
+    }
+
+private:
+    const unsigned char* src_;
+    std::ptrdiff_t size_;
+    __m128i last_;
+};
+
+// Converts the ends of buffers: up to 64 bytes at a time.
 void decodeEnd(DecodePointers& p, bool fourByteForms) {
     constexpr int SHORTEST = 4;
     constexpr int UNITS = BLOCK + WINDOW + STORE_SLACK;
@@ -389,15 +422,14 @@ void decodeEnd(DecodePointers& p, bool fourByteForms) {
         if (left < SHORTEST) {
             return;
         }
+        const InputEnd input(p.src, left);
         const int n = withoutOpenSequence(p.src, left < BLOCK ? static_cast<int>(left) : BLOCK);
-        alignas(16) unsigned char bytes[BLOCK + LOAD] = {};
-        std::memcpy(bytes, p.src, static_cast<std::size_t>(n));
         Scan scan;
         for (int pos = 0; pos < n; pos += LOAD) {
-            scan.feed(load(bytes + pos), pos);
+            scan.feed(input.at(pos), pos);
         }
-        // Bad text may be open once more in front of an open sequence; a scan to a block's end would
-        // let it pass.
+        // Bad text may be open once more in front of an open sequence; a scan to a block's end
+        // would let it pass.
         if (n == 0 || withoutOpenSequence(p.src, n) != n || !scan.isValid(fourByteForms)) {
             return;
         }
@@ -406,15 +438,15 @@ void decodeEnd(DecodePointers& p, bool fourByteForms) {
         char16_t copy[UNITS];
         char16_t* const units = room >= UNITS ? p.dst : copy;
         char16_t* dst = units;
-        // A shifted-in 0 is no continuation byte: the padding counts as characters.
-        std::uint64_t continuations = scan.continuations() >> 1;
+        // Each byte behind the n counts as a character, and gives a unit that does not.
+        const std::uint64_t counted = n == BLOCK ? ~std::uint64_t{0} : (std::uint64_t{1} << n) - 1;
+        std::uint64_t continuations = (scan.continuations() & counted) >> 1;
         int pos = 0;
         while (pos < n) {
-            const int consumed = convertWindow(bytes + pos, ~continuations, dst);
+            const int consumed = convertWindow(input.at(pos), ~continuations, dst);
             pos += consumed;
             continuations >>= consumed;
         }
-        // Each byte of padding that went with the last window gave a unit.
         const auto count = (dst - units) - (pos - n);
         if (units == copy) {
             if (count > room) {

@@ -213,11 +213,16 @@ bool encodeSteps(EncodePointers& p, bool joinPairs) {
     bool good = true;
     while (p.srcEnd - src >= 2 * STEP && p.dstEnd - dst >= ROOM) {
         const __m128i units = load(src);
-        const __m128i next = load(src + STEP);
-        if (_mm_testz_si128(_mm_or_si128(units, next), aboveAscii) != 0) {
+        if (_mm_testz_si128(units, aboveAscii) != 0) {
+            const __m128i next = load(src + STEP);
             store(dst, _mm_packus_epi16(units, next));
-            src += 2 * STEP;
-            dst += 2 * STEP;
+            if (_mm_testz_si128(next, aboveAscii) != 0) {
+                src += 2 * STEP;
+                dst += 2 * STEP;
+                continue;
+            }
+            src += STEP;
+            dst += STEP;
             continue;
         }
         const int converted = encodeStep(dst, units, joinPairs);
@@ -232,26 +237,33 @@ bool encodeSteps(EncodePointers& p, bool joinPairs) {
     return good;
 }
 
-// Converts the ends of buffers: steps of up to eight units, padded with zeros in a copy.
+// Converts the ends of buffers: steps of up to eight units, with zeros behind the last.
 void encodeEnd(EncodePointers& p, bool joinPairs) {
     while (p.src != p.srcEnd) {
         const auto left = p.srcEnd - p.src;
         const int n = left < STEP ? static_cast<int>(left) : STEP;
         char16_t units[STEP] = {};
-        unsigned char bytes[ROOM];
-        std::memcpy(units, p.src, static_cast<std::size_t>(n) * sizeof(char16_t));
+        if (n < STEP) {
+            std::memcpy(units, p.src, static_cast<std::size_t>(n) * sizeof(char16_t));
+        }
+        // Straight into the output where there is room for all that the stores may overwrite.
+        const auto room = p.dstEnd - p.dst;
+        unsigned char copy[ROOM];
+        unsigned char* const bytes = room >= ROOM ? p.dst : copy;
         unsigned char* dst = bytes;
-        const int converted = encodeStep(dst, load(units), joinPairs);
+        const int converted = encodeStep(dst, load(n < STEP ? units : p.src), joinPairs);
         if (converted == 0) {
             return;
         }
         // Each unit of padding gave a byte.
         const int padding = converted > n ? converted - n : 0;
         const auto count = (dst - bytes) - padding;
-        if (count > p.dstEnd - p.dst) {
-            return;
+        if (bytes == copy) {
+            if (count > room) {
+                return;
+            }
+            std::memcpy(p.dst, copy, static_cast<std::size_t>(count));
         }
-        std::memcpy(p.dst, bytes, static_cast<std::size_t>(count));
         p.src += converted - padding;
         p.dst += count;
     }
