@@ -154,8 +154,9 @@ private:
     std::size_t capacity_;
 };
 
+// The export mark stands here too: Clang takes the visibility of the first declaration.
 template <typename E>
-class Buffer;
+class ORVXX_API Buffer;
 
 /// The array and all element access. Reading is public; writing becomes so in `Buffer<E>`.
 template <typename E>

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: Apache-2.0
+/// \file
+/// \brief A walk through the library: text, character sets, errors, UUIDs. Copy what you need.
+#include "orv/liborvxx/charset/charset.h"
+#include "orv/liborvxx/charset/coding_error.h"
+#include "orv/liborvxx/text/code_points.h"
+#include "orv/liborvxx/text/literals.h"
+#include "orv/liborvxx/uuid/uuid.h"
+
+#include <array>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+using namespace orv::literals;
+
+namespace {
+
+// Prints text as UTF-8, whatever it holds.
+std::string utf8(orv::ustring_ref text) {
+    return orv::Charset::UTF_8->encode(text);
+}
+
+void title(const char* text) {
+    std::cout << '\n' << text << '\n';
+}
+
+void texts() {
+    title("Text is UTF-16: views, strings, code points");
+    constexpr orv::ustring_ref greeting = u"Καλημέρα, 🌍!"_u; // a constant: no work at run time
+    orv::ustring text = greeting.to_string();                // an owner, with all of std::string
+    text += u" Γειά."_u.to_string();
+    std::cout << "  " << utf8(text) << '\n'
+              << "  " << text.size() << " units, "
+              << orv::Char16::codePointCount(text, 0, text.size()) << " code points\n";
+
+    const orv::ustring_ref word = greeting.substr(0, greeting.find(u',')); // a view: no copy
+    std::cout << "  the first word: " << utf8(word) << '\n';
+}
+
+void wholeTexts() {
+    title("Bytes to text and back, at once");
+    orv::Charset* const latin1 = orv::Charset::forName(u"latin1"_u); // by any of its names
+    const orv::ustring text = latin1->decode("Ma\xEDs, gr\xFC\xDF dich");
+    std::cout << "  " << utf8(latin1->name()) << ": " << utf8(text) << '\n';
+    // These forms never fail: what has no counterpart becomes a replacement.
+    std::cout << "  US-ASCII: " << orv::Charset::US_ASCII->encode(text) << '\n';
+}
+
+void slices() {
+    title("Decoding in slices, as bytes arrive");
+    const std::array<std::string_view, 3> arrivals = {"\xE2\x82", "\xAC 5, ca", "f\xC3\xA9"};
+    const auto decoder = orv::Charset::UTF_8->newDecoder();
+    std::array<unsigned char, 16> byteArray;
+    std::array<orv::char16, 16> unitArray;
+    orv::Buffer<unsigned char> bytes(byteArray.data(), byteArray.size());
+    orv::Buffer<orv::char16> units(unitArray.data(), unitArray.size());
+    for (std::size_t i = 0; i < arrivals.size(); ++i) {
+        const bool last = i + 1 == arrivals.size();
+        bytes.put(reinterpret_cast<const unsigned char*>(arrivals[i].data()), arrivals[i].size());
+        bytes.flip();                        // from filling to reading
+        decoder->decode(bytes, units, last); // a split character waits in the buffer
+        std::cout << "  slice " << i + 1 << ": " << arrivals[i].size() << " bytes came, "
+                  << bytes.remaining() << " wait, text so far: \""
+                  << utf8({units.data(), units.position()}) << "\"\n";
+        bytes.compact(); // what waits goes to the front
+    }
+    decoder->flush(units);
+}
+
+void errors() {
+    title("Bad input: throw, replace, or ask where");
+    const std::string bad = "caf\xC3!";
+    const auto decoder = orv::Charset::UTF_8->newDecoder();
+    try {
+        decoder->decode(bad);
+    } catch (const orv::MalformedInputError& error) {
+        std::cout << "  a malformed sequence of " << error.getInputLength() << " bytes\n";
+    }
+    decoder->onMalformedInput(orv::REPLACE);
+    std::cout << "  replaced: " << utf8(decoder->decode(bad)) << '\n';
+
+    const auto encoder = orv::Charset::US_ASCII->newEncoder();
+    const orv::ustring_ref text = u"10 €"_u;
+    orv::Buffer<const orv::char16> in(text.data(), text.size());
+    std::array<unsigned char, 16> array{};
+    orv::Buffer<unsigned char> out(array.data(), array.size());
+    const orv::CoderResult result = encoder->encode(in, out, true);
+    if (result.kind == orv::CoderResult::UNMAPPABLE) {
+        std::cout << "  no counterpart in US-ASCII: unit " << in.position() << ", U+" << std::hex
+                  << std::uppercase << static_cast<unsigned>(in.get(in.position())) << std::dec
+                  << '\n';
+    }
+}
+
+void uuids() {
+    title("UUIDs");
+    const orv::UUID named = orv::UUID::nameUUIDFromBytes("orvxx", 5);
+    std::cout << "  of a name: " << named.toString() << ", version " << named.version() << '\n'
+              << "  parsed again it is "
+              << (orv::UUID::fromString(named.toString()) == named ? "the same" : "another") << '\n'
+              << "  a random one has version " << orv::UUID::randomUUID().version() << '\n';
+    try {
+        orv::UUID::fromString("not-a-uuid");
+    } catch (const std::invalid_argument& error) {
+        std::cout << "  " << error.what() << '\n';
+    }
+}
+
+} // namespace
+
+int main() {
+    std::cout << "A tour of orvxx";
+    texts();
+    wholeTexts();
+    slices();
+    errors();
+    uuids();
+}

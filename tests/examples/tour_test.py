@@ -1,0 +1,36 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The tour prints what its text promises."""
+import subprocess
+import sys
+
+EXPECTED = """\
+A tour of orvxx
+Text is UTF-16: views, strings, code points
+  Καλημέρα, 🌍! Γειά.
+  19 units, 18 code points
+  the first word: Καλημέρα
+
+Bytes to text and back, at once
+  ISO-8859-1: Maís, grüß dich
+  US-ASCII: Ma?s, gr?? dich
+
+Decoding in slices, as bytes arrive
+  slice 1: 2 bytes came, 2 wait, text so far: ""
+  slice 2: 7 bytes came, 0 wait, text so far: "€ 5, ca"
+  slice 3: 3 bytes came, 0 wait, text so far: "€ 5, café"
+
+Bad input: throw, replace, or ask where
+  a malformed sequence of 2 bytes
+  replaced: caf\N{REPLACEMENT CHARACTER}
+  no counterpart in US-ASCII: unit 3, U+20AC
+
+UUIDs
+  of a name: 1d983fa2-e448-3ca9-988f-afcdbc377091, version 3
+  parsed again it is the same
+  a random one has version 4
+  invalid UUID string: not-a-uuid
+"""
+
+printed = subprocess.run(sys.argv[1], capture_output=True, check=True, timeout=300)
+if printed.stderr or printed.stdout.decode() != EXPECTED:
+    sys.exit(f"expected:\n{EXPECTED}\nprinted:\n{printed.stdout.decode()}{printed.stderr.decode()}")
