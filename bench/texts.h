@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+/// \file
+/// \brief The texts that the benchmarks convert: words in random order, the same in every run.
+#ifndef ORV_BENCH_TEXTS_H
+#define ORV_BENCH_TEXTS_H
+
+#include <cstddef>
+#include <string>
+
+namespace bench {
+
+/// What a text is made of.
+enum class Script {
+    /// English, nothing above U+007F.
+    ASCII,
+    /// English with an é or a curly quote once in a while.
+    ENGLISH,
+    /// German, French and Spanish within Latin-1.
+    WESTERN,
+    /// Russian.
+    CYRILLIC,
+    /// Chinese without spaces, with digits and full-width punctuation.
+    CHINESE,
+    /// Chat messages: short English words between emoji, some of them sequences.
+    EMOJI
+};
+
+/// Name for tables.
+const char* nameOf(Script script);
+
+/// A text of at least \p units code units, cut at the end of a word. Equal arguments give equal
+/// texts.
+///
+/// The words come in random order, because a short text said over and over teaches the branch
+/// predictor where its characters are, which makes loops that branch look much faster than they
+/// are.
+std::u16string makeText(Script script, std::size_t units);
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,191 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Writes the seed corpora of the fuzz targets: one folder for each target, one file for each seed.
+
+Run it after a change to a target's input format or to the seeds below; a seed's format is described at
+the head of its target. Seeds that keep a failure of the past are added here too, with their bytes.
+"""
+import pathlib
+
+CORPUS = pathlib.Path(__file__).parent / "corpus"
+
+UTF_8, CESU_8, US_ASCII, ISO_8859_1 = range(4)
+REPORT, REPLACE, IGNORE = range(3)
+
+ALL = 255  # the largest step
+ENGLISH = "The quick brown fox, 3 caf\u00e9s and a \u201cna\u00efve\u201d r\u00e9sum\u00e9; "
+RUSSIAN = "\u0421\u044a\u0435\u0448\u044c \u0435\u0449\u0451 \u044d\u0442\u0438\u0445 "
+CHINESE = "\u4e2d\u6587\uff0c2024\u5e74\u3002\u8fd9\u662f\u4e00\u4e2a\u6d4b\u8bd5\uff01\n"
+EMOJI = "ok \U0001f600\U0001f468\u200d\U0001f469 \u2764\ufe0f lol \U0001f1eb\U0001f1f7 "
+
+
+def plan(*steps):
+    """Steps as pairs: input added, room."""
+    return bytes([len(steps)] + [size for step in steps for size in step])
+
+
+def coder(charset, action, steps, payload):
+    return bytes([charset, action, action]) + steps + payload
+
+
+def utf16(text):
+    return text.encode("utf-16-be", "surrogatepass")
+
+
+def cesu8(text):
+    units = utf16(text)
+    return b"".join(chr(units[i] << 8 | units[i + 1]).encode("utf-8", "surrogatepass")
+                    for i in range(0, len(units), 2))
+
+
+AT_ONCE = plan((ALL, ALL))
+SINGLE = plan((1, 1))
+UNEVEN = plan((3, 1), (16, 2), (0, ALL), (33, 16), (8, 0), (1, 31))
+WIDE = plan((16, 16), (100, 70), (64, 33), (200, 90))
+
+DECODE = {
+    "utf8-english-at-once": coder(UTF_8, REPORT, AT_ONCE, (ENGLISH * 3).encode()),
+    "utf8-russian-uneven": coder(UTF_8, REPORT, UNEVEN, (RUSSIAN * 3).encode()),
+    "utf8-chinese-wide-steps": coder(UTF_8, REPORT, WIDE, (CHINESE * 3).encode()),
+    "utf8-emoji-single": coder(UTF_8, REPORT, SINGLE, (EMOJI * 2).encode()),
+    "utf8-bad-continuations": coder(
+        UTF_8, REPORT, UNEVEN,
+        b"A\xc3A\xe2(\xa1\xe2\x82A\xf0(\xf0\x90(\xf0\x90\x80(\xc3\xc3\xa9 and on it goes"),
+    "utf8-overlong": coder(
+        UTF_8, REPLACE, UNEVEN,
+        b"\xc0\x80\xc1\xbf\xe0\x80\x80\xe0\x9f\xbf\xf0\x80\x80\x80\xf0\x8f\xbf\xbf tail"),
+    "utf8-surrogates-and-beyond": coder(
+        UTF_8, IGNORE, WIDE, b"\xed\xa0\x80\xed\xbf\xbf\xf4\x90\x80\x80\xf7\xbf\xbf\xbf\xf8\xff ok"),
+    "utf8-error-inside-ascii": coder(UTF_8, REPLACE, WIDE, b"x" * 30 + b"\x80" + b"y" * 40),
+    "utf8-cut-off-at-end": coder(UTF_8, REPORT, WIDE, "text \U0001f600".encode()[:-1]),
+    "utf8-e0-a-at-end": coder(UTF_8, REPORT, SINGLE, b"\xe0A"),
+    "utf8-noncharacters-and-bom": coder(
+        UTF_8, REPORT, UNEVEN, "\ufeffa\ufffe\uffff\U0010ffff\0z".encode()),
+    "cesu8-emoji": coder(CESU_8, REPORT, UNEVEN, cesu8(EMOJI * 2)),
+    "cesu8-lone-surrogates": coder(CESU_8, REPORT, WIDE, b"\xed\xb0\x80a\xed\xa0\x80b\xed\xa0\x80"),
+    "cesu8-four-bytes": coder(CESU_8, REPLACE, WIDE, (EMOJI * 2).encode()),
+    "ascii-with-high-bytes": coder(US_ASCII, REPORT, UNEVEN, b"plain \x80 text \xff" * 4),
+    "ascii-replaced": coder(US_ASCII, REPLACE, WIDE, b"z" * 40 + b"\xe9" + b"z" * 40),
+    "latin1-all-bytes": coder(ISO_8859_1, REPORT, UNEVEN, bytes(range(256))),
+    "empty-utf8": coder(UTF_8, REPORT, AT_ONCE, b""),
+}
+
+ENCODE = {
+    "utf8-english-at-once": coder(UTF_8, REPORT, AT_ONCE, utf16(ENGLISH * 3)),
+    "utf8-russian-uneven": coder(UTF_8, REPORT, UNEVEN, utf16(RUSSIAN * 3)),
+    "utf8-chinese-wide-steps": coder(UTF_8, REPORT, WIDE, utf16(CHINESE * 3)),
+    "utf8-emoji-single": coder(UTF_8, REPORT, SINGLE, utf16(EMOJI * 2)),
+    "utf8-lone-surrogates": coder(UTF_8, REPORT, UNEVEN, utf16("a\udc00b\ud800c\ud800\ud800 d\ud83d")),
+    "utf8-lone-replaced": coder(UTF_8, REPLACE, WIDE, utf16(RUSSIAN + "\udfff" + CHINESE * 2)),
+    "utf8-bounds": coder(
+        UTF_8, REPORT, WIDE, utf16("\x7f\x80\u07ff\u0800\ud7ff\ue000\uffff\U00010000\U0010ffff" * 3)),
+    "cesu8-emoji": coder(CESU_8, REPORT, UNEVEN, utf16(EMOJI * 2)),
+    "cesu8-high-at-end": coder(CESU_8, IGNORE, WIDE, utf16("text \ud83d")),
+    "ascii-unmappable": coder(US_ASCII, REPORT, UNEVEN, utf16(ENGLISH)),
+    "ascii-default-ignorable": coder(
+        US_ASCII, REPORT, WIDE, utf16("a\u00adb\u200bc\ufe80d\U000e0fffe\U000e1000f\u034f")),
+    "ascii-pairs-replaced": coder(US_ASCII, REPLACE, SINGLE, utf16(EMOJI)),
+    "latin1-all-units": coder(ISO_8859_1, REPORT, UNEVEN, utf16("".join(map(chr, range(256))))),
+    "latin1-beyond-in-the-middle": coder(
+        ISO_8859_1, REPLACE, WIDE, utf16("z" * 40 + "\u0100" + "z" * 40)),
+    "empty-utf8": coder(UTF_8, REPORT, AT_ONCE, b""),
+}
+
+ROUNDTRIP = {
+    "bytes-english": b"\0" + ENGLISH.encode(),
+    "bytes-russian": b"\0" + RUSSIAN.encode(),
+    "bytes-chinese": b"\0" + CHINESE.encode(),
+    "bytes-emoji": b"\0" + EMOJI.encode(),
+    "bytes-cesu8-emoji": b"\0" + cesu8(EMOJI),
+    "bytes-cesu8-lone": b"\0" + b"\xed\xa0\xbd!",
+    "bytes-latin1": b"\0" + bytes(range(0x80, 0x100)),
+    "bytes-bounds": b"\0" + "\x7f\x80\u07ff\u0800\ud7ff\ue000\uffff\U00010000\U0010ffff".encode(),
+    "units-russian": b"\1" + utf16(RUSSIAN),
+    "units-emoji": b"\1" + utf16(EMOJI),
+    "units-latin1": b"\1" + utf16("gr\u00fc\u00dfe \u00e0 \u00e9t\u00e9 " * 3),
+    "units-lone": b"\1" + utf16("a\ud800b\udc00"),
+}
+
+
+def names(*texts):
+    return b"\0" + b"\xff".join(text.encode("latin-1") for text in texts)
+
+
+CHARSET_NAME = {
+    "spellings-of-utf8": names("UTF-8", "utf8", "U.T.F:8"),
+    "leading-zeros": names("ISO-8859-01", "ISO-8859-1", "ISO-8859-10"),
+    "zeros-alone": names("0", "00", "000"),
+    "zero-before-letter": names("a0b", "ab", "A0B"),
+    "zero-before-punctuation": names("x0-1", "x-01", "x01"),
+    "zero-in-number": names("100", "10-0", "1-00"),
+    "trailing-delimiters": names("x", "x-", "x---"),
+    "delimiters-only": names("", "-", "$$"),
+    "aliases": names("latin1", "CP819", "iso_ir_100"),
+    "ascii-aliases": names("default", "646", "ISO_646.irv:1991"),
+    "case": names("us-ascii", "US-ASCII", "Us_Ascii"),
+    "beyond-ascii": names("UTF\u00e98", "UTF8\u00b2", "\u00df"),
+    "wide-with-surrogates": b"\1" + utf16("utf\U0001f600" "8\uffffutf\ud800" "8\uffffutf\udc008"),
+}
+
+RFC_TEXT = b"f81d4fae-7dec-11d0-a765-00a0c91e6bf6"
+UUID = {
+    "rfc-4122-example": RFC_TEXT,
+    "upper-case": RFC_TEXT.upper(),
+    "nil": b"00000000-0000-0000-0000-000000000000",
+    "all-ones": b"ffffffff-ffff-ffff-ffff-ffffffffffff",
+    "short-groups": b"1-2-3-4-5",
+    "first-group-too-long": b"123456789-0-0-0-0",
+    "last-group-too-long": b"0-0-0-0-1234567890123",
+    "empty-group": b"1--3-4-5",
+    "missing-group": b"1-2-3-4",
+    "text-behind": RFC_TEXT + b" ",
+    "braces": b"{" + RFC_TEXT + b"}",
+    "wide": utf16(RFC_TEXT.decode()),
+    "wide-full-width-digits": utf16("\uff11\u0662-3-4-5-6"),
+    "values": bytes(range(0x70, 0x90)),
+}
+
+
+def view(pos, pos2, count, needle, text):
+    return bytes([pos, pos2, count, len(needle)]) + needle + text
+
+
+STRING_REF = {
+    "needle-in-the-middle": view(0, 0, 2, b"ana", b"bananas"),
+    "needle-at-the-end": view(4, 0, 3, b"nas", b"bananas"),
+    "needle-longer": view(0, 1, 9, b"bananas and more", b"bananas"),
+    "needle-empty": view(3, 0, 0, b"", b"bananas"),
+    "text-empty": view(0, 0, 1, b"a", b""),
+    "both-empty": view(0, 0, 0, b"", b""),
+    "position-beyond": view(200, 0, 1, b"a", b"aaa"),
+    "position-npos": view(0xF0, 0xF0, 0xF0, b"a", b"abcabc"),
+    "position-near-npos": view(0xF1, 0xF2, 0xF3, b"bc", b"abcabc"),
+    "nul-inside": view(0, 2, 5, b"a\0b", b"xa\0ba\0c"),
+    "prefix": view(0, 0, 0xF0, b"same", b"same and longer"),
+    "high-bytes": view(1, 1, 3, b"\xff\x80\x7f", b"\x7f\xff\x80\x7f\x00\xff"),
+    "repetitive": view(5, 0, 30, b"aaaaaaab", b"a" * 40 + b"b"),
+}
+
+TARGETS = {
+    "fuzz_charset_name": CHARSET_NAME,
+    "fuzz_decode": DECODE,
+    "fuzz_encode": ENCODE,
+    "fuzz_roundtrip": ROUNDTRIP,
+    "fuzz_string_ref": STRING_REF,
+    "fuzz_uuid": UUID,
+}
+
+
+def main():
+    for target, seeds in TARGETS.items():
+        folder = CORPUS / target
+        folder.mkdir(parents=True, exist_ok=True)
+        for old in folder.iterdir():
+            if old.name not in seeds:
+                old.unlink()
+        for name, content in seeds.items():
+            (folder / name).write_bytes(content)
+
+
+if __name__ == "__main__":
+    main()
