@@ -60,7 +60,7 @@ void decodeAhead(detail::DecodeCursor& cursor) noexcept {
     if (hasSse41()) {
         DecodePointers p{cursor.src, cursor.srcEnd, as_char16_t(cursor.dst),
                          as_char16_t(cursor.dstEnd)};
-        decodeSse41(p, format == Format::UTF_8);
+        decodeSse41(p, format == Format::CESU_8);
         cursor.src = p.src;
         cursor.dst = as_char16(p.dst);
         return;
@@ -78,7 +78,7 @@ void encodeAhead(detail::EncodeCursor& cursor) noexcept {
     if (hasSse41()) {
         EncodePointers p{as_char16_t(cursor.src), as_char16_t(cursor.srcEnd), cursor.dst,
                          cursor.dstEnd};
-        encodeSse41(p, format == Format::UTF_8);
+        encodeSse41(p, format == Format::CESU_8);
         cursor.src = as_char16(p.src);
         cursor.dst = p.dst;
         return;

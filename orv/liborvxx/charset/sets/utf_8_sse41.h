@@ -23,13 +23,12 @@ struct EncodePointers {
     unsigned char* dstEnd;
 };
 
-/// Converts valid text ahead; see utf_8_fast.h. With \p fourByteForms false, a lead byte of four
-/// bytes counts as bad text.
-void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept;
+/// Converts valid UTF-8 or CESU-8 ahead; see utf_8_fast.h.
+void decodeSse41(DecodePointers& p, bool cesu8) noexcept;
 
-/// Converts valid text ahead; see utf_8_fast.h. A surrogate pair becomes four bytes with \p
-/// joinPairs, otherwise three for each half.
-void encodeSse41(EncodePointers& p, bool joinPairs) noexcept;
+/// Converts valid UTF-16 ahead to UTF-8, or to CESU-8, which has three bytes for each half of a
+/// surrogate pair; see utf_8_fast.h.
+void encodeSse41(EncodePointers& p, bool cesu8) noexcept;
 
 } // namespace orv::utf_8
 

@@ -43,7 +43,7 @@ constexpr char TWO_CONTINUATIONS = static_cast<char>(1 << 7);
 // Faults that the low half of the first byte says nothing about.
 constexpr char CARRY = TOO_SHORT | TOO_LONG | TWO_CONTINUATIONS;
 
-__m128i highHalves(__m128i bytes) {
+__m128i highNibbles(__m128i bytes) {
     return _mm_and_si128(_mm_srli_epi16(bytes, 4), _mm_set1_epi8(0x0F));
 }
 
@@ -54,7 +54,7 @@ __m128i pairFaults(__m128i bytes, __m128i previous) {
                                        TWO_CONTINUATIONS, TWO_CONTINUATIONS, TOO_SHORT | OVERLONG_2,
                                        TOO_SHORT, TOO_SHORT | OVERLONG_3 | SURROGATE,
                                        TOO_SHORT | TOO_LARGE | TOO_LARGE_1000 | OVERLONG_4),
-                         highHalves(previous));
+                         highNibbles(previous));
     constexpr char LARGE = CARRY | TOO_LARGE | TOO_LARGE_1000;
     const __m128i firstLow = _mm_shuffle_epi8(
         _mm_setr_epi8(CARRY | OVERLONG_3 | OVERLONG_2 | OVERLONG_4, CARRY | OVERLONG_2, CARRY,
@@ -68,12 +68,13 @@ __m128i pairFaults(__m128i bytes, __m128i previous) {
                       CONTINUED | OVERLONG_3 | TOO_LARGE, CONTINUED | SURROGATE | TOO_LARGE,
                       CONTINUED | SURROGATE | TOO_LARGE, TOO_SHORT, TOO_SHORT, TOO_SHORT,
                       TOO_SHORT),
-        highHalves(bytes));
+        highNibbles(bytes));
     return _mm_and_si128(_mm_and_si128(firstHigh, firstLow), secondHigh);
 }
 
-// Non-zero bytes where the text is bad. `before` holds the 16 bytes in front of `bytes`.
-__m128i faults(__m128i bytes, __m128i before) {
+// Non-zero bytes where the text is bad. `before` holds the 16 bytes in front of `bytes`; only
+// faults in `counted` are faults.
+__m128i faults(__m128i bytes, __m128i before, __m128i counted) {
     const __m128i previous1 = _mm_alignr_epi8(bytes, before, 15);
     const __m128i previous2 = _mm_alignr_epi8(bytes, before, 14);
     const __m128i previous3 = _mm_alignr_epi8(bytes, before, 13);
@@ -82,95 +83,79 @@ __m128i faults(__m128i bytes, __m128i before) {
     const __m128i fourth = _mm_subs_epu8(previous3, _mm_set1_epi8(0xF0 - 0x80));
     const __m128i expected =
         _mm_and_si128(_mm_or_si128(third, fourth), _mm_set1_epi8(TWO_CONTINUATIONS));
-    return _mm_xor_si128(expected, pairFaults(bytes, previous1));
+    return _mm_xor_si128(expected, _mm_and_si128(pairFaults(bytes, previous1), counted));
 }
 
 // Shuffles.
 
-// How to take the characters of a window apart, by kind.
-enum WindowKind : std::uint8_t {
-    SIX_SHORT, // six characters of one or two bytes
-    FOUR_BMP,  // four of one to three
-    THREE_ANY, // three of one to four
-};
-
+// How to take a window apart: each unit in a lane of 32 bits, up to eight of them.
 struct Window {
-    std::uint8_t shuffle;
-    std::uint8_t kind;
+    std::uint16_t shuffle;
+    std::uint8_t units;
     std::uint8_t consumed;
 };
 
-constexpr int SIX_SHORT_SHUFFLES = 64; // 2^6
-constexpr int FOUR_BMP_SHUFFLES = 81;  // 3^4
-constexpr int THREE_ANY_SHUFFLES = 64; // 4^3
-constexpr int SHUFFLES = SIX_SHORT_SHUFFLES + FOUR_BMP_SHUFFLES + THREE_ANY_SHUFFLES;
+constexpr int LANES = 8;
+constexpr int LANE_BYTES = 4;
+// One for each row of whole characters that fits a window and the lanes.
+constexpr int SHUFFLES = 2732;
 
 struct Tables {
     Window windows[1 << WINDOW] = {};
-    alignas(16) std::uint8_t shuffles[SHUFFLES][16] = {};
+    alignas(16) std::uint8_t shuffles[SHUFFLES][LANES * LANE_BYTES] = {};
+    int shufflesMade = 0;
 };
 
-// Byte k of lane i is byte k from the end of character i; 0x80 makes a zero.
-constexpr void fillShuffle(std::uint8_t (&shuffle)[16], const int* lengths, int count,
-                           int laneBytes) {
-    for (std::uint8_t& byte : shuffle) {
-        byte = 0x80;
+// Puts the bytes from `first` to `last` in a lane, the last one lowest. 0x80 makes a zero.
+constexpr void fillLane(std::uint8_t* lane, int first, int last) {
+    for (int k = 0; k < LANE_BYTES; ++k) {
+        lane[k] = static_cast<std::uint8_t>(last - k >= first ? last - k : 0x80);
     }
-    int start = 0;
-    for (int i = 0; i < count; ++i) {
-        for (int k = 0; k < lengths[i]; ++k) {
-            shuffle[i * laneBytes + k] = static_cast<std::uint8_t>(start + lengths[i] - 1 - k);
-        }
-        start += lengths[i];
-    }
-}
-
-// If the first `count` characters have at most `longest` bytes, describes them in `window`.
-constexpr bool fitWindow(Tables& tables, Window& window, const int* lengths, int found, int count,
-                         int longest, WindowKind kind, int firstShuffle, int laneBytes) {
-    if (found < count) {
-        return false;
-    }
-    int index = 0;
-    int consumed = 0;
-    for (int i = 0; i < count; ++i) {
-        if (lengths[i] > longest) {
-            return false;
-        }
-        index = index * longest + lengths[i] - 1;
-        consumed += lengths[i];
-    }
-    window = {static_cast<std::uint8_t>(firstShuffle + index), kind,
-              static_cast<std::uint8_t>(consumed)};
-    fillShuffle(tables.shuffles[firstShuffle + index], lengths, count, laneBytes);
-    return true;
 }
 
 constexpr Tables makeTables() {
     Tables tables;
     // Bit i of `ends` says that byte i ends a character.
-    for (int ends = 0; ends < 1 << WINDOW; ++ends) {
-        int lengths[WINDOW] = {};
-        int found = 0;
+    for (int ends = 1; ends < 1 << WINDOW; ++ends) {
+        std::uint8_t lanes[LANES * LANE_BYTES] = {};
+        int units = 0;
         int start = 0;
         for (int i = 0; i < WINDOW; ++i) {
-            if ((ends >> i & 1) != 0) {
-                lengths[found++] = i + 1 - start;
-                start = i + 1;
+            if ((ends >> i & 1) == 0) {
+                continue;
             }
+            const int length = i + 1 - start;
+            // A character of five bytes and more is in no valid text.
+            if (length > 4 || units + (length == 4 ? 2 : 1) > LANES) {
+                break;
+            }
+            if (length == 4) {
+                // The lanes of a pair: three bytes, and the last two.
+                fillLane(lanes + LANE_BYTES * units++, start, i - 1);
+                fillLane(lanes + LANE_BYTES * units++, i - 1, i);
+            } else {
+                fillLane(lanes + LANE_BYTES * units++, start, i);
+            }
+            start = i + 1;
         }
-        Window& window = tables.windows[ends];
-        // Windows that fit none have a character of five bytes or more: none is in valid text.
-        if (!fitWindow(tables, window, lengths, found, 6, 2, SIX_SHORT, 0, 2) &&
-            !fitWindow(tables, window, lengths, found, 4, 3, FOUR_BMP, SIX_SHORT_SHUFFLES, 4)) {
-            fitWindow(tables, window, lengths, found, 3, 4, THREE_ANY,
-                      SIX_SHORT_SHUFFLES + FOUR_BMP_SHUFFLES, 4);
+        const int whole = ends & ((1 << start) - 1);
+        if (whole != ends) {
+            // The same characters have come up before, with nothing behind them.
+            tables.windows[ends] = tables.windows[whole];
+            continue;
         }
+        std::uint8_t* const shuffle = tables.shuffles[tables.shufflesMade];
+        for (int k = 0; k < LANES * LANE_BYTES; ++k) {
+            shuffle[k] = k < units * LANE_BYTES ? lanes[k] : 0x80;
+        }
+        tables.windows[ends] = {static_cast<std::uint16_t>(tables.shufflesMade++),
+                                static_cast<std::uint8_t>(units), static_cast<std::uint8_t>(start)};
     }
     return tables;
 }
 
 constexpr Tables TABLES = makeTables();
+static_assert(TABLES.shufflesMade == SHUFFLES);
 
 // Conversion.
 
@@ -191,13 +176,6 @@ bool isAscii(__m128i bytes) {
     return _mm_movemask_epi8(bytes) == 0;
 }
 
-// 16-bit lanes [110aaaaa 10bbbbbb] or [00000000 0bbbbbbb].
-__m128i joinShort(__m128i lanes) {
-    const __m128i low = _mm_and_si128(lanes, _mm_set1_epi16(0x007F));
-    const __m128i high = _mm_and_si128(lanes, _mm_set1_epi16(0x1F00));
-    return _mm_or_si128(low, _mm_srli_epi16(high, 2));
-}
-
 // 32-bit lanes [0 1110aaaa 10bbbbbb 10cccccc] or shorter.
 __m128i joinBmp(__m128i lanes) {
     const __m128i low = _mm_and_si128(lanes, _mm_set1_epi32(0x7F));
@@ -206,36 +184,23 @@ __m128i joinBmp(__m128i lanes) {
     return _mm_or_si128(_mm_or_si128(low, _mm_srli_epi32(middle, 2)), _mm_srli_epi32(high, 4));
 }
 
-// 32-bit lanes [11110aaa 10bbbbbb 10cccccc 10dddddd] or shorter.
-__m128i joinAny(__m128i lanes) {
-    const __m128i low = _mm_and_si128(lanes, _mm_set1_epi32(0x7F));
-    const __m128i middle = _mm_and_si128(lanes, _mm_set1_epi32(0x3F00));
-    // The lead byte 1110xxxx of a three-byte form leaves a bit too many, told by the bit above it.
-    const __m128i excess = _mm_srli_epi32(_mm_and_si128(lanes, _mm_set1_epi32(0x400000)), 1);
-    const __m128i high = _mm_xor_si128(_mm_and_si128(lanes, _mm_set1_epi32(0x3F0000)), excess);
-    const __m128i highest = _mm_and_si128(lanes, _mm_set1_epi32(0x07000000));
-    return _mm_or_si128(_mm_or_si128(low, _mm_srli_epi32(middle, 2)),
-                        _mm_or_si128(_mm_srli_epi32(high, 4), _mm_srli_epi32(highest, 6)));
+// Marks the 16-bit lanes whose 32-bit lanes hold the first three bytes of a four-byte form: bit 4
+// of the lead byte is set in 11110aaa and in no other.
+__m128i highHalves(__m128i lanes, __m128i moreLanes) {
+    const auto mark = [](__m128i l) { return _mm_srai_epi32(_mm_slli_epi32(l, 31 - 20), 31); };
+    return _mm_packs_epi32(mark(lanes), mark(moreLanes));
 }
 
-// Writes three code points; returns the end of the units.
-char16_t* putThree(char16_t* dst, __m128i codePoints) {
-    const __m128i isPair = _mm_cmpgt_epi32(codePoints, _mm_set1_epi32(0xFFFF));
-    const __m128i offset = _mm_sub_epi32(codePoints, _mm_set1_epi32(0x10000));
-    const __m128i high = _mm_or_si128(_mm_srli_epi32(offset, 10), _mm_set1_epi32(0xD800));
-    const __m128i low =
-        _mm_or_si128(_mm_and_si128(offset, _mm_set1_epi32(0x3FF)), _mm_set1_epi32(0xDC00));
-    const __m128i pair = _mm_or_si128(high, _mm_slli_epi32(low, 16));
-    alignas(16) std::uint32_t units[4];
-    alignas(16) std::uint32_t second[4];
-    _mm_store_si128(reinterpret_cast<__m128i*>(units), _mm_blendv_epi8(codePoints, pair, isPair));
-    _mm_store_si128(reinterpret_cast<__m128i*>(second), _mm_srli_epi32(isPair, 31));
-    for (int i = 0; i < 3; ++i) {
-        // Both halves always; the second is overwritten where it is none.
-        std::memcpy(dst, &units[i], sizeof units[i]);
-        dst += 1 + second[i];
-    }
-    return dst;
+// Makes surrogates of the joined lanes of a four-byte form, [0aaabbbb bbcccccc] with the bytes
+// [11110aaa 10bbbbbb 10cccccc] and [0000cccc ccdddddd] with the bytes [10cccccc 10dddddd].
+__m128i makeSurrogates(__m128i units, __m128i isHigh) {
+    // The 0x10000 that a pair does not hold is 0x40 in its high half.
+    const __m128i high =
+        _mm_add_epi16(_mm_srli_epi16(units, 4), _mm_set1_epi16(static_cast<short>(0xD800 - 0x40)));
+    const __m128i low = _mm_or_si128(_mm_and_si128(units, _mm_set1_epi16(0x3FF)),
+                                     _mm_set1_epi16(static_cast<short>(0xDC00)));
+    const __m128i isLow = _mm_slli_si128(isHigh, 2);
+    return _mm_blendv_epi8(_mm_blendv_epi8(units, high, isHigh), low, isLow);
 }
 
 // Converts the characters in front of a window whose `ends` mark last bytes; returns the bytes
@@ -246,30 +211,13 @@ int convertWindow(__m128i bytes, std::uint64_t ends, char16_t*& dst) {
         dst += 16;
         return 16;
     }
-    if ((ends & 0xFFFF) == 0xAAAA) {
-        const __m128i swap = _mm_setr_epi8(1, 0, 3, 2, 5, 4, 7, 6, 9, 8, 11, 10, 13, 12, 15, 14);
-        store(dst, joinShort(_mm_shuffle_epi8(bytes, swap)));
-        dst += 8;
-        return 16;
-    }
     const Window window = TABLES.windows[ends & ((1 << WINDOW) - 1)];
-    const __m128i lanes = _mm_shuffle_epi8(
-        bytes, _mm_load_si128(reinterpret_cast<const __m128i*>(TABLES.shuffles[window.shuffle])));
-    switch (window.kind) {
-    case SIX_SHORT:
-        store(dst, joinShort(lanes));
-        dst += 6;
-        break;
-    case FOUR_BMP: {
-        const __m128i joined = joinBmp(lanes);
-        store(dst, _mm_packus_epi32(joined, joined));
-        dst += 4;
-        break;
-    }
-    default:
-        dst = putThree(dst, joinAny(lanes));
-        break;
-    }
+    const auto* const shuffle = reinterpret_cast<const __m128i*>(TABLES.shuffles[window.shuffle]);
+    const __m128i lanes = _mm_shuffle_epi8(bytes, _mm_load_si128(shuffle));
+    const __m128i moreLanes = _mm_shuffle_epi8(bytes, _mm_load_si128(shuffle + 1));
+    const __m128i units = _mm_packus_epi32(joinBmp(lanes), joinBmp(moreLanes));
+    store(dst, makeSurrogates(units, highHalves(lanes, moreLanes)));
+    dst += window.units;
     return window.consumed;
 }
 
@@ -278,8 +226,12 @@ int convertWindow(__m128i bytes, std::uint64_t ends, char16_t*& dst) {
 // What is known of up to 64 bytes, fed 16 at a time. They begin with a character.
 class Scan {
 public:
+    // CESU-8 has surrogates and no four-byte forms.
+    explicit Scan(bool cesu8)
+        : cesu8_(cesu8), counted_(_mm_set1_epi8(static_cast<char>(cesu8 ? ~SURROGATE : ~0))) {}
+
     void feed(__m128i bytes, int position) {
-        bad_ = _mm_or_si128(bad_, faults(bytes, before_));
+        bad_ = _mm_or_si128(bad_, faults(bytes, before_, counted_));
         highest_ = _mm_max_epu8(highest_, bytes);
         // Continuation bytes are the signed values below -64.
         const int mask = _mm_movemask_epi8(_mm_cmplt_epi8(bytes, _mm_set1_epi8(-64)));
@@ -288,19 +240,21 @@ public:
     }
 
     // A sequence that goes on behind the bytes passes.
-    bool isValid(bool fourByteForms) const {
+    bool isValid() const {
         if (_mm_testz_si128(bad_, bad_) == 0) {
             return false;
         }
         const __m128i firstLead = _mm_set1_epi8(static_cast<char>(0xF0));
         const __m128i isLead = _mm_cmpeq_epi8(_mm_max_epu8(highest_, firstLead), highest_);
-        return fourByteForms || _mm_movemask_epi8(isLead) == 0;
+        return !cesu8_ || _mm_movemask_epi8(isLead) == 0;
     }
 
     // Bit i says that byte i is a continuation byte.
     std::uint64_t continuations() const { return continuations_; }
 
 private:
+    bool cesu8_;
+    __m128i counted_;
     __m128i bad_ = _mm_setzero_si128();
     __m128i highest_ = _mm_setzero_si128();
     __m128i before_ = _mm_setzero_si128();
@@ -309,7 +263,7 @@ private:
 
 // Converts blocks as long as whole ones, with what their stores may overwrite, fit in both buffers.
 // Returns false if it met bad text.
-bool decodeBlocks(DecodePointers& p, bool fourByteForms) {
+bool decodeBlocks(DecodePointers& p, bool cesu8) {
     const unsigned char* src = p.src;
     char16_t* dst = p.dst;
     bool good = true;
@@ -327,12 +281,12 @@ bool decodeBlocks(DecodePointers& p, bool fourByteForms) {
             dst += BLOCK;
             continue;
         }
-        Scan scan;
+        Scan scan(cesu8);
         scan.feed(b0, 0);
         scan.feed(b1, 16);
         scan.feed(b2, 32);
         scan.feed(b3, 48);
-        if (!scan.isValid(fourByteForms)) {
+        if (!scan.isValid()) {
             good = false;
             break;
         }
@@ -413,7 +367,7 @@ private:
 };
 
 // Converts the ends of buffers: up to 64 bytes at a time.
-void decodeEnd(DecodePointers& p, bool fourByteForms) {
+void decodeEnd(DecodePointers& p, bool cesu8) {
     constexpr int SHORTEST = 4;
     constexpr int UNITS = BLOCK + WINDOW + STORE_SLACK;
     for (;;) {
@@ -424,13 +378,13 @@ void decodeEnd(DecodePointers& p, bool fourByteForms) {
         }
         const InputEnd input(p.src, left);
         const int n = withoutOpenSequence(p.src, left < BLOCK ? static_cast<int>(left) : BLOCK);
-        Scan scan;
+        Scan scan(cesu8);
         for (int pos = 0; pos < n; pos += LOAD) {
             scan.feed(input.at(pos), pos);
         }
         // Bad text may be open once more in front of an open sequence; a scan to a block's end
         // would let it pass.
-        if (n == 0 || withoutOpenSequence(p.src, n) != n || !scan.isValid(fourByteForms)) {
+        if (n == 0 || withoutOpenSequence(p.src, n) != n || !scan.isValid()) {
             return;
         }
         // Straight into the output where there is room for all that the stores may overwrite.
@@ -461,9 +415,9 @@ void decodeEnd(DecodePointers& p, bool fourByteForms) {
 
 } // namespace
 
-void decodeSse41(DecodePointers& p, bool fourByteForms) noexcept {
-    if (decodeBlocks(p, fourByteForms)) {
-        decodeEnd(p, fourByteForms);
+void decodeSse41(DecodePointers& p, bool cesu8) noexcept {
+    if (decodeBlocks(p, cesu8)) {
+        decodeEnd(p, cesu8);
     }
 }
 

@@ -23,6 +23,8 @@ namespace {
 constexpr int STEP = 8;
 // Output that a step may overwrite: two stores of 16 bytes.
 constexpr int ROOM = 32;
+// Steps after one with surrogates that are treated as if they had some.
+constexpr int AFTER_SURROGATES = 8;
 // The bits of a unit that ASCII does not have.
 constexpr auto ABOVE_ASCII = static_cast<short>(0xFF80);
 
@@ -159,61 +161,74 @@ int laneMask(__m128i lanes) {
     return _mm_movemask_epi8(_mm_packs_epi16(lanes, lanes)) & 0xFF;
 }
 
-// A step with surrogates. Returns the units converted: eight, seven if the eighth opens a pair, or
-// none if a surrogate has no partner.
-int putSurrogates(unsigned char*& dst, __m128i units, __m128i ascii, __m128i belowThree,
-                  bool joinPairs) {
+// What a step did: the units it converted, eight, or seven if the eighth opens a pair, or none if a
+// surrogate has no partner.
+struct Step {
+    int converted;
+    bool surrogates;
+};
+
+// A step of any text. Slower than the ones for simpler text, but without a branch to guess wrong.
+ORVXX_ALWAYS_INLINE Step putAny(unsigned char*& dst, __m128i units, bool cesu8) {
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i ascii = _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(ABOVE_ASCII)), zero);
+    const __m128i top = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xF800)));
+    __m128i belowThree = _mm_cmpeq_epi16(top, zero);
     const __m128i kind = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFC00)));
     const __m128i isHigh = _mm_cmpeq_epi16(kind, _mm_set1_epi16(static_cast<short>(0xD800)));
     const __m128i isLow = _mm_cmpeq_epi16(kind, _mm_set1_epi16(static_cast<short>(0xDC00)));
     const int highs = laneMask(isHigh);
     if ((highs << 1 & 0xFF) != laneMask(isLow)) {
-        return 0;
+        return {0, true};
     }
     const int open = highs >> (STEP - 1);
     Spread spread = spreadBmp(units, belowThree);
-    if (joinPairs) {
+    if (!cesu8) {
         spreadPairs(spread, units, isHigh, isLow);
         belowThree = _mm_or_si128(belowThree, _mm_or_si128(isHigh, isLow));
     }
-    dst = putSpread(dst, spread, ascii, belowThree) - open * (joinPairs ? 2 : 3);
-    return STEP - open;
+    dst = putSpread(dst, spread, ascii, belowThree) - open * (cesu8 ? 3 : 2);
+    return {STEP - open, highs != 0};
 }
 
-// Converts eight units, or seven if the eighth opens a pair; returns how many, 0 before a surrogate
-// without a partner. Inlined, so that the pointers of the loop stay in registers.
-ORVXX_ALWAYS_INLINE int encodeStep(unsigned char*& dst, __m128i units, bool joinPairs) {
+// A step by the quickest road. Inlined, so that the pointers of the loop stay in registers.
+ORVXX_ALWAYS_INLINE Step encodeStep(unsigned char*& dst, __m128i units, bool cesu8) {
     const __m128i zero = _mm_setzero_si128();
     const __m128i ascii = _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(ABOVE_ASCII)), zero);
     if (all(ascii)) {
         store(dst, _mm_packus_epi16(units, zero));
         dst += STEP;
-        return STEP;
+        return {STEP, false};
     }
     const __m128i top = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xF800)));
     const __m128i belowThree = _mm_cmpeq_epi16(top, zero);
     if (all(belowThree)) {
         dst = putShort(dst, units, ascii);
-        return STEP;
+        return {STEP, false};
     }
     const __m128i isSurrogate = _mm_cmpeq_epi16(top, _mm_set1_epi16(static_cast<short>(0xD800)));
     if (_mm_testz_si128(isSurrogate, isSurrogate) == 0) {
-        return putSurrogates(dst, units, ascii, belowThree, joinPairs);
+        return putAny(dst, units, cesu8);
     }
     dst = putSpread(dst, spreadBmp(units, belowThree), ascii, belowThree);
-    return STEP;
+    return {STEP, false};
 }
 
 // Converts as long as whole steps, with what their stores may overwrite, fit in both buffers.
 // Returns false if it met bad text.
-bool encodeSteps(EncodePointers& p, bool joinPairs) {
+bool encodeSteps(EncodePointers& p, bool cesu8) {
     const __m128i aboveAscii = _mm_set1_epi16(ABOVE_ASCII);
     const char16_t* src = p.src;
     unsigned char* dst = p.dst;
-    bool good = true;
+    // Near surrogates the text changes its kind from step to step, and no choice is made.
+    int stepsOfAnyText = 0;
     while (p.srcEnd - src >= 2 * STEP && p.dstEnd - dst >= ROOM) {
         const __m128i units = load(src);
-        if (_mm_testz_si128(units, aboveAscii) != 0) {
+        Step step{};
+        if (stepsOfAnyText != 0) {
+            step = putAny(dst, units, cesu8);
+            --stepsOfAnyText;
+        } else if (_mm_testz_si128(units, aboveAscii) != 0) {
             const __m128i next = load(src + STEP);
             store(dst, _mm_packus_epi16(units, next));
             if (_mm_testz_si128(next, aboveAscii) != 0) {
@@ -224,21 +239,24 @@ bool encodeSteps(EncodePointers& p, bool joinPairs) {
             src += STEP;
             dst += STEP;
             continue;
+        } else {
+            step = encodeStep(dst, units, cesu8);
         }
-        const int converted = encodeStep(dst, units, joinPairs);
-        if (converted == 0) {
-            good = false;
-            break;
+        if (step.converted == 0) {
+            p.src = src;
+            p.dst = dst;
+            return false;
         }
-        src += converted;
+        stepsOfAnyText = step.surrogates ? AFTER_SURROGATES : stepsOfAnyText;
+        src += step.converted;
     }
     p.src = src;
     p.dst = dst;
-    return good;
+    return true;
 }
 
 // Converts the ends of buffers: steps of up to eight units, with zeros behind the last.
-void encodeEnd(EncodePointers& p, bool joinPairs) {
+void encodeEnd(EncodePointers& p, bool cesu8) {
     while (p.src != p.srcEnd) {
         const auto left = p.srcEnd - p.src;
         const int n = left < STEP ? static_cast<int>(left) : STEP;
@@ -251,7 +269,7 @@ void encodeEnd(EncodePointers& p, bool joinPairs) {
         unsigned char copy[ROOM];
         unsigned char* const bytes = room >= ROOM ? p.dst : copy;
         unsigned char* dst = bytes;
-        const int converted = encodeStep(dst, load(n < STEP ? units : p.src), joinPairs);
+        const int converted = encodeStep(dst, load(n < STEP ? units : p.src), cesu8).converted;
         if (converted == 0) {
             return;
         }
@@ -271,9 +289,9 @@ void encodeEnd(EncodePointers& p, bool joinPairs) {
 
 } // namespace
 
-void encodeSse41(EncodePointers& p, bool joinPairs) noexcept {
-    if (encodeSteps(p, joinPairs)) {
-        encodeEnd(p, joinPairs);
+void encodeSse41(EncodePointers& p, bool cesu8) noexcept {
+    if (encodeSteps(p, cesu8)) {
+        encodeEnd(p, cesu8);
     }
 }
 
