@@ -1,0 +1,21 @@
+/* SPDX-License-Identifier: Apache-2.0 */
+/* A program in C that uses the installed C library: it fails if an answer is wrong. */
+
+#include "orv/liborv/system/error.h"
+#include "orv/liborv/unicode/unichar.h"
+#include "orv/liborv/uuid/uuid.h"
+
+#include <stdio.h>
+
+int main(void) {
+    OrvUUID id;
+    if (orvUUIDCreate(&id) != ORV_OK || id.timeHiAndVersion >> 12 != 4) {
+        fputs("orvUUIDCreate gave no random UUID\n", stderr);
+        return 1;
+    }
+    if (orvUniCharToUpper(0xE4) != 0xC4) {
+        fputs("orvUniCharToUpper gave no upper-case letter\n", stderr);
+        return 1;
+    }
+    return 0;
+}
