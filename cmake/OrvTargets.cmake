@@ -29,6 +29,12 @@ function(orv_target_defaults target)
     if(ORV_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=${ORV_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+        # The checks that sanitizers put in between mislead GCC's reasoning about values, also about
+        # those of standard headers; builds without sanitizers are there for these warnings.
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            target_compile_options(${target} PRIVATE
+                -Wno-maybe-uninitialized -Wno-null-dereference)
+        endif()
         target_link_options(${target} PRIVATE -fsanitize=${ORV_SANITIZE})
     endif()
     get_target_property(type ${target} TYPE)

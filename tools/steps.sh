@@ -10,6 +10,9 @@ if [ -z "${CCACHE_DIR:-}" ] && ! [ -w "${HOME:-/nonexistent}" ]; then
     export CCACHE_DIR=$PWD/build/ccache
 fi
 
+# A second clone of the tree finds in the compiler cache what the first has put there.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # step NAME COMMAND...: runs the command, and says NAME and how many seconds it took. The output
 # goes to build/logs; when the command fails, its end is shown and the script ends.
 step() {

@@ -31,6 +31,32 @@ constexpr char COUNT_MESSAGE[] = "Char16::codePointCount(const StringT &, size_t
 constexpr char OFFSET_MESSAGE[] =
     "Char16::offsetByCodePoints(const StringT &, size_type, difference_type)";
 
+// Text of other types does not compile, and neither does writing to a view.
+template <typename T>
+concept HasCodePoints = requires(const T& text) {
+    Char16::codePointAt(text, 0);
+}
+|| requires(const T& text) {
+    Char16::codePointBefore(text, 1);
+}
+|| requires(const T& text) {
+    Char16::codePointCount(text, 0, 1);
+}
+|| requires(const T& text) {
+    Char16::offsetByCodePoints(text, 0, 1);
+};
+template <typename T>
+concept TakesCodePoints = requires(T& text) {
+    Char16::toChars(U'a', text);
+}
+|| requires(T& text) {
+    Char16::toChars(U'a', text, 0);
+};
+static_assert(HasCodePoints<ustring> && HasCodePoints<ustring_ref>);
+static_assert(!HasCodePoints<std::string> && !HasCodePoints<std::u16string>);
+static_assert(TakesCodePoints<ustring>);
+static_assert(!TakesCodePoints<ustring_ref> && !TakesCodePoints<std::u16string>);
+
 static_assert(std::is_same_v<decltype(Char16::codePointAt(ustring(), 0)), char32_t> &&
               std::is_same_v<decltype(Char16::codePointCount(ustring(), 0, 0)), std::size_t> &&
               std::is_same_v<decltype(Char16::offsetByCodePoints(ustring(), 0, 0)), std::size_t>);

@@ -13,10 +13,11 @@ namespace {
 
 using namespace orv::literals;
 using orv::char16;
+using orv::ustring;
 using orv::ustring_ref;
 using orvtest::unitsOf;
 
-static_assert(std::is_same_v<decltype(u""_u), ustring_ref>);
+static_assert(std::is_same_v<decltype(u""_u), const ustring_ref&>);
 
 constexpr ustring_ref NAME = u"UTF-8"_u;
 static_assert(NAME.size() == 5 && NAME[0] == u'U' && NAME.back() == u'8');
@@ -49,6 +50,16 @@ TEST(Literals, KeepZeroUnitsInside) {
 TEST(Literals, AZeroUnitFollows) {
     EXPECT_EQ(*NAME.end(), u'\0');
     EXPECT_EQ(*u""_u.data(), u'\0');
+}
+
+TEST(Literals, InitialiseStringsInEveryForm) {
+    const ustring direct(u"text"_u);
+    const ustring braces{u"text"_u};
+    const ustring copied = u"text"_u;
+    EXPECT_EQ(direct, u"text"_u);
+    EXPECT_EQ(braces, direct);
+    EXPECT_EQ(copied, direct);
+    EXPECT_EQ(ustring(u"text"_u), direct);
 }
 
 TEST(Literals, LiveAsLongAsTheProgramAtOnePlace) {

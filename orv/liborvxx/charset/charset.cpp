@@ -122,16 +122,19 @@ Charset::Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ust
     }
     try {
         for (const ustring_ref& alias : aliases_) {
-            const auto [known, added] = s_byAlias.emplace(alias, this);
-            if (!added && known->second != this) {
-                known->second = nullptr;
-            }
+            s_byAlias.emplace(alias, this);
         }
     } catch (...) {
         // Out of memory. The object never was, so nothing may lead to it.
         s_byName.erase(entry);
         std::erase_if(s_byAlias, [this](const auto& known) { return known.second == this; });
         throw;
+    }
+    // What takes an alias from another set comes last, when nothing can fail.
+    for (const ustring_ref& alias : aliases_) {
+        if (Charset*& owner = s_byAlias.find(alias)->second; owner != this) {
+            owner = nullptr;
+        }
     }
 }
 

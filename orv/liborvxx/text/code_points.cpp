@@ -167,32 +167,30 @@ std::size_t previous(const StringT& s, std::size_t index) {
     return index;
 }
 
-} // namespace
-
 template <typename StringT>
-char32_t Char16::codePointAt(const StringT& s, std::size_t index) {
+char32_t codePointIn(const StringT& s, std::size_t index) {
     const char16 first = unitAt(s, index);
-    if (isHighSurrogate(first) && index + 1 != s.size()) {
-        if (const char16 second = s[index + 1]; isLowSurrogate(second)) {
-            return toCodePoint(first, second);
+    if (Char16::isHighSurrogate(first) && index + 1 != s.size()) {
+        if (const char16 second = s[index + 1]; Char16::isLowSurrogate(second)) {
+            return Char16::toCodePoint(first, second);
         }
     }
     return codePoint(first);
 }
 
 template <typename StringT>
-char32_t Char16::codePointBefore(const StringT& s, std::size_t index) {
+char32_t codePointEndingIn(const StringT& s, std::size_t index) {
     const char16 last = unitAt(s, index - 1);
-    if (isLowSurrogate(last) && index != 1) {
-        if (const char16 first = s[index - 2]; isHighSurrogate(first)) {
-            return toCodePoint(first, last);
+    if (Char16::isLowSurrogate(last) && index != 1) {
+        if (const char16 first = s[index - 2]; Char16::isHighSurrogate(first)) {
+            return Char16::toCodePoint(first, last);
         }
     }
     return codePoint(last);
 }
 
 template <typename StringT>
-std::size_t Char16::codePointCount(const StringT& s, std::size_t index, std::size_t count) {
+std::size_t countCodePoints(const StringT& s, std::size_t index, std::size_t count) {
     if (index > s.size()) {
         throw std::out_of_range("Char16::codePointCount(const StringT &, size_type, size_type)");
     }
@@ -205,8 +203,7 @@ std::size_t Char16::codePointCount(const StringT& s, std::size_t index, std::siz
 }
 
 template <typename StringT>
-std::size_t Char16::offsetByCodePoints(const StringT& s, std::size_t index,
-                                       std::ptrdiff_t codePointOffset) {
+std::size_t offsetIn(const StringT& s, std::size_t index, std::ptrdiff_t codePointOffset) {
     if (index > s.size()) {
         throw std::out_of_range(
             "Char16::offsetByCodePoints(const StringT &, size_type, difference_type)");
@@ -226,13 +223,57 @@ std::size_t Char16::offsetByCodePoints(const StringT& s, std::size_t index,
     return index;
 }
 
-template <typename StringT>
-std::size_t Char16::toChars(char32_t cp, StringT& s) {
+} // namespace
+
+template <>
+char32_t Char16::codePointAt(const ustring& s, std::size_t index) {
+    return codePointIn(s, index);
+}
+
+template <>
+char32_t Char16::codePointBefore(const ustring& s, std::size_t index) {
+    return codePointEndingIn(s, index);
+}
+
+template <>
+std::size_t Char16::codePointCount(const ustring& s, std::size_t index, std::size_t count) {
+    return countCodePoints(s, index, count);
+}
+
+template <>
+std::size_t Char16::offsetByCodePoints(const ustring& s, std::size_t index,
+                                       std::ptrdiff_t codePointOffset) {
+    return offsetIn(s, index, codePointOffset);
+}
+
+template <>
+char32_t Char16::codePointAt(const ustring_ref& s, std::size_t index) {
+    return codePointIn(s, index);
+}
+
+template <>
+char32_t Char16::codePointBefore(const ustring_ref& s, std::size_t index) {
+    return codePointEndingIn(s, index);
+}
+
+template <>
+std::size_t Char16::codePointCount(const ustring_ref& s, std::size_t index, std::size_t count) {
+    return countCodePoints(s, index, count);
+}
+
+template <>
+std::size_t Char16::offsetByCodePoints(const ustring_ref& s, std::size_t index,
+                                       std::ptrdiff_t codePointOffset) {
+    return offsetIn(s, index, codePointOffset);
+}
+
+template <>
+std::size_t Char16::toChars(char32_t cp, ustring& s) {
     return toChars(cp, s, s.size());
 }
 
-template <typename StringT>
-std::size_t Char16::toChars(char32_t cp, StringT& s, std::size_t index) {
+template <>
+std::size_t Char16::toChars(char32_t cp, ustring& s, std::size_t index) {
     if (cp <= 0xFFFF) {
         if (index < s.size()) {
             s[index] = char16(cp);
@@ -254,16 +295,5 @@ std::size_t Char16::toChars(char32_t cp, StringT& s, std::size_t index) {
     }
     return 2;
 }
-
-template char32_t Char16::codePointAt(const ustring&, std::size_t);
-template char32_t Char16::codePointAt(const ustring_ref&, std::size_t);
-template char32_t Char16::codePointBefore(const ustring&, std::size_t);
-template char32_t Char16::codePointBefore(const ustring_ref&, std::size_t);
-template std::size_t Char16::codePointCount(const ustring&, std::size_t, std::size_t);
-template std::size_t Char16::codePointCount(const ustring_ref&, std::size_t, std::size_t);
-template std::size_t Char16::offsetByCodePoints(const ustring&, std::size_t, std::ptrdiff_t);
-template std::size_t Char16::offsetByCodePoints(const ustring_ref&, std::size_t, std::ptrdiff_t);
-template std::size_t Char16::toChars(char32_t, ustring&);
-template std::size_t Char16::toChars(char32_t, ustring&, std::size_t);
 
 } // namespace orv

@@ -195,27 +195,28 @@ public:
 
     /// @}
     /// \name Code points in text
-    /// For `ustring` and `ustring_ref`. Indices and counts are in units; an unpaired surrogate
-    /// counts as a code point of its own.
+    /// For `ustring` and `ustring_ref`; no other type compiles. Indices and counts are in units; an
+    /// unpaired surrogate counts as a code point of its own.
     /// @{
 
     /// The code point at \p index: the pair's where a pair begins there, otherwise the unit's.
     /// \exception std::out_of_range if \p index is not below the size: "invalid string position"
     /// for `ustring`, "basic_string_ref<CharT>::at" for `ustring_ref`.
     template <typename StringT>
-    static char32_t codePointAt(const StringT& s, std::size_t index);
+    static char32_t codePointAt(const StringT& s, std::size_t index) = delete;
 
     /// The code point that ends just before \p index.
     /// \exception std::out_of_range as `codePointAt`, if \p index is 0 or exceeds the size.
     template <typename StringT>
-    static char32_t codePointBefore(const StringT& s, std::size_t index);
+    static char32_t codePointBefore(const StringT& s, std::size_t index) = delete;
 
     /// Code points in the \p count units from \p index, fewer at the end of the text. A pair cut by
     /// the end of the range counts 1. O(count). \exception std::out_of_range
     /// "Char16::codePointCount(const StringT &, size_type, size_type)" if \p index exceeds the
     /// size.
     template <typename StringT>
-    static std::size_t codePointCount(const StringT& s, std::size_t index, std::size_t count);
+    static std::size_t codePointCount(const StringT& s, std::size_t index,
+                                      std::size_t count) = delete;
 
     /// The index reached from \p index by \p codePointOffset code points, forward or back; `npos`
     /// if that runs off either end. O(|offset|). \exception std::out_of_range
@@ -223,17 +224,17 @@ public:
     /// exceeds the size.
     template <typename StringT>
     static std::size_t offsetByCodePoints(const StringT& s, std::size_t index,
-                                          std::ptrdiff_t codePointOffset);
+                                          std::ptrdiff_t codePointOffset) = delete;
 
     /// Appends \p cp and returns the units appended, 1 or 2. Values above 0x10FFFF are folded
     /// through the masks of `highSurrogate` and `lowSurrogate`. `ustring` only.
     template <typename StringT>
-    static std::size_t toChars(char32_t cp, StringT& s);
+    static std::size_t toChars(char32_t cp, StringT& s) = delete;
 
     /// Writes \p cp over the units from \p index, appending those that lie beyond the end, and
     /// returns 1 or 2. An index beyond the size appends. `ustring` only.
     template <typename StringT>
-    static std::size_t toChars(char32_t cp, StringT& s, std::size_t index);
+    static std::size_t toChars(char32_t cp, StringT& s, std::size_t index) = delete;
 
     /// @}
 
@@ -241,20 +242,31 @@ private:
     static constexpr unsigned int value(char16 u) noexcept { return static_cast<unsigned int>(u); }
 };
 
-extern template ORVXX_API char32_t Char16::codePointAt(const ustring&, std::size_t);
-extern template ORVXX_API char32_t Char16::codePointAt(const ustring_ref&, std::size_t);
-extern template ORVXX_API char32_t Char16::codePointBefore(const ustring&, std::size_t);
-extern template ORVXX_API char32_t Char16::codePointBefore(const ustring_ref&, std::size_t);
-extern template ORVXX_API std::size_t Char16::codePointCount(const ustring&, std::size_t,
-                                                             std::size_t);
-extern template ORVXX_API std::size_t Char16::codePointCount(const ustring_ref&, std::size_t,
-                                                             std::size_t);
-extern template ORVXX_API std::size_t Char16::offsetByCodePoints(const ustring&, std::size_t,
-                                                                 std::ptrdiff_t);
-extern template ORVXX_API std::size_t Char16::offsetByCodePoints(const ustring_ref&, std::size_t,
-                                                                 std::ptrdiff_t);
-extern template ORVXX_API std::size_t Char16::toChars(char32_t, ustring&);
-extern template ORVXX_API std::size_t Char16::toChars(char32_t, ustring&, std::size_t);
+// The forms that there are.
+template <>
+ORVXX_API char32_t Char16::codePointAt(const ustring& s, std::size_t index);
+template <>
+ORVXX_API char32_t Char16::codePointAt(const ustring_ref& s, std::size_t index);
+template <>
+ORVXX_API char32_t Char16::codePointBefore(const ustring& s, std::size_t index);
+template <>
+ORVXX_API char32_t Char16::codePointBefore(const ustring_ref& s, std::size_t index);
+template <>
+ORVXX_API std::size_t Char16::codePointCount(const ustring& s, std::size_t index,
+                                             std::size_t count);
+template <>
+ORVXX_API std::size_t Char16::codePointCount(const ustring_ref& s, std::size_t index,
+                                             std::size_t count);
+template <>
+ORVXX_API std::size_t Char16::offsetByCodePoints(const ustring& s, std::size_t index,
+                                                 std::ptrdiff_t codePointOffset);
+template <>
+ORVXX_API std::size_t Char16::offsetByCodePoints(const ustring_ref& s, std::size_t index,
+                                                 std::ptrdiff_t codePointOffset);
+template <>
+ORVXX_API std::size_t Char16::toChars(char32_t cp, ustring& s);
+template <>
+ORVXX_API std::size_t Char16::toChars(char32_t cp, ustring& s, std::size_t index);
 
 } // namespace orv
 

@@ -37,6 +37,10 @@ inline constexpr auto literal_units = [] {
     return units;
 }();
 
+/// The view of each.
+template <utf16_literal Literal>
+inline constexpr ustring_ref literal_view{literal_units<Literal>.data(), Literal.size - 1};
+
 } // namespace detail
 
 inline namespace literals {
@@ -48,9 +52,10 @@ inline namespace literals {
 /// using namespace orv::literals;
 /// constexpr orv::ustring_ref name = u"UTF-8"_u;
 /// \endcode
+// A reference to a named constant: Clang 14 crashes over a string initialised from a temporary.
 template <detail::utf16_literal Literal>
-consteval ustring_ref operator""_u() noexcept {
-    return {detail::literal_units<Literal>.data(), Literal.size - 1};
+consteval const ustring_ref& operator""_u() noexcept {
+    return detail::literal_view<Literal>;
 }
 
 } // namespace literals
