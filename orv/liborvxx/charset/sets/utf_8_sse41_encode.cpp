@@ -10,6 +10,7 @@
 
 #include "orv/liborvxx/base/platform.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -255,21 +256,33 @@ bool encodeSteps(EncodePointers& p, bool cesu8) {
     return true;
 }
 
+// The last `n` units of an input, less than eight, with zeros behind them. `before` units stand in
+// front of them.
+__m128i lastUnits(const char16_t* src, int n, std::ptrdiff_t before) {
+    if (n + before >= STEP) {
+        // A load that ends with the input, moved to the front.
+        static constexpr signed char MOVES[4 * STEP] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10,
+                                                        11, 12, 13, 14, 15, -1, -1, -1, -1, -1, -1,
+                                                        -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+        return _mm_shuffle_epi8(load(src + n - STEP), load(MOVES + 2 * (STEP - n)));
+    }
+    char16_t units[STEP] = {};
+    std::memcpy(units, src, static_cast<std::size_t>(n) * sizeof(char16_t));
+    return load(units);
+}
+
 // Converts the ends of buffers: steps of up to eight units, with zeros behind the last.
-void encodeEnd(EncodePointers& p, bool cesu8) {
+void encodeEnd(EncodePointers& p, const char16_t* begin, bool cesu8) {
     while (p.src != p.srcEnd) {
         const auto left = p.srcEnd - p.src;
         const int n = left < STEP ? static_cast<int>(left) : STEP;
-        char16_t units[STEP] = {};
-        if (n < STEP) {
-            std::memcpy(units, p.src, static_cast<std::size_t>(n) * sizeof(char16_t));
-        }
+        const __m128i units = n < STEP ? lastUnits(p.src, n, p.src - begin) : load(p.src);
         // Straight into the output where there is room for all that the stores may overwrite.
         const auto room = p.dstEnd - p.dst;
         unsigned char copy[ROOM];
         unsigned char* const bytes = room >= ROOM ? p.dst : copy;
         unsigned char* dst = bytes;
-        const int converted = encodeStep(dst, load(n < STEP ? units : p.src), cesu8).converted;
+        const int converted = encodeStep(dst, units, cesu8).converted;
         if (converted == 0) {
             return;
         }
@@ -290,8 +303,9 @@ void encodeEnd(EncodePointers& p, bool cesu8) {
 } // namespace
 
 void encodeSse41(EncodePointers& p, bool cesu8) noexcept {
+    const char16_t* const begin = p.src;
     if (encodeSteps(p, cesu8)) {
-        encodeEnd(p, cesu8);
+        encodeEnd(p, begin, cesu8);
     }
 }
 
