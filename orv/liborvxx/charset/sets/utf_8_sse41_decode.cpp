@@ -4,7 +4,7 @@
 ///
 /// Blocks of 64 bytes are validated with the three-table method of J. Keiser and D. Lemire,
 /// "Validating UTF-8 In Less Than One Instruction Per Byte" (Software: Practice and Experience 51,
-/// 2021), and converted twelve bytes at a time: the positions of the last bytes of characters
+/// 2021), and converted up to twelve bytes at a time: the positions of the last bytes of characters
 /// select a byte shuffle (D. Lemire and W. Mula, "Transcoding Billions of Unicode Characters per
 /// Second with SIMD Instructions", Software: Practice and Experience 52, 2022).
 #include "orv/liborvxx/charset/sets/utf_8_sse41.h"
