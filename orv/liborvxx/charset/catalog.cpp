@@ -7,10 +7,7 @@
 /// addresses are constants, so the public pointers need no code at load.
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/default_charset.h"
-#include "orv/liborvxx/charset/sets/cesu_8.h"
-#include "orv/liborvxx/charset/sets/iso_8859_1.h"
-#include "orv/liborvxx/charset/sets/us_ascii.h"
-#include "orv/liborvxx/charset/sets/utf_8.h"
+#include "orv/liborvxx/charset/sets/definitions.h"
 
 #include <new>
 
@@ -37,10 +34,10 @@ using Names = std::map<ustring_ref, Charset*, Charset::NameLess<ustring_ref>>;
 constinit Immortal<Names> byName;
 constinit Immortal<Names> byAlias;
 
-constinit Immortal<US_ASCII> usAscii;
-constinit Immortal<UTF_8> utf8;
-constinit Immortal<CESU_8> cesu8;
-constinit Immortal<ISO_8859_1> iso8859_1;
+constinit Immortal<DefinedSet<definitions::US_ASCII>> usAscii;
+constinit Immortal<DefinedSet<definitions::UTF_8>> utf8;
+constinit Immortal<DefinedSet<definitions::CESU_8>> cesu8;
+constinit Immortal<DefinedSet<definitions::ISO_8859_1>> iso8859_1;
 
 } // namespace
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief CESU-8: names and coders.
-#include "orv/liborvxx/charset/sets/cesu_8.h"
+#include "orv/liborvxx/charset/sets/definitions.h"
 
 #include "orv/liborvxx/charset/sets/utf_8_fast.h"
 #include "orv/liborvxx/text/literals.h"
@@ -10,9 +10,9 @@ namespace orv {
 
 using namespace orv::literals;
 
-CESU_8::CESU_8() : Charset(1016, u"CESU-8"_u, {u"csCESU8"_u, u"csCESU-8"_u, u"CESU8"_u}) {}
+namespace {
 
-class CESU_8::Decoder : public CharsetDecoder {
+class Decoder : public CharsetDecoder {
 public:
     explicit Decoder(Charset* charset) : CharsetDecoder(charset, 1.0F, 1) {}
 
@@ -23,7 +23,7 @@ protected:
     }
 };
 
-class CESU_8::Encoder : public CharsetEncoder {
+class Encoder : public CharsetEncoder {
 public:
     explicit Encoder(Charset* charset) : CharsetEncoder(charset, 1.1F, 3) {}
 
@@ -34,12 +34,12 @@ protected:
     }
 };
 
-std::unique_ptr<CharsetDecoder> CESU_8::newDecoder() {
-    return std::make_unique<Decoder>(this);
-}
+} // namespace
 
-std::unique_ptr<CharsetEncoder> CESU_8::newEncoder() {
-    return std::make_unique<Encoder>(this);
-}
+constinit const SetDefinition definitions::CESU_8 = {1016,
+                                                     u"CESU-8"_u,
+                                                     {u"csCESU8"_u, u"csCESU-8"_u, u"CESU8"_u},
+                                                     makeDecoder<Decoder>,
+                                                     makeEncoder<Encoder>};
 
 } // namespace orv

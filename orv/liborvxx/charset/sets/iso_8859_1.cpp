@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief ISO-8859-1: names and coders.
-#include "orv/liborvxx/charset/sets/iso_8859_1.h"
+#include "orv/liborvxx/charset/sets/definitions.h"
 
 #include "orv/liborvxx/charset/detail/loop_cursor.h"
 #include "orv/liborvxx/charset/detail/unit_runs.h"
@@ -14,13 +14,9 @@ namespace orv {
 
 using namespace orv::literals;
 
-ISO_8859_1::ISO_8859_1()
-    : Charset(4, u"ISO-8859-1"_u,
-              {u"ISO_8859-1:1987"_u, u"iso-ir-100"_u, u"ISO_8859-1"_u, u"latin1"_u, u"l1"_u,
-               u"IBM819"_u, u"CP819"_u, u"csISOLatin1"_u, u"819"_u, u"ISO8859-1"_u, u"8859_1"_u,
-               u"ISO8859_1"_u, u"ISO_8859_1"_u, u"IBM-819"_u}) {}
+namespace {
 
-class ISO_8859_1::Decoder : public CharsetDecoder {
+class Decoder : public CharsetDecoder {
 public:
     explicit Decoder(Charset* charset) : CharsetDecoder(charset, 1.0F, 1) {}
 
@@ -36,17 +32,20 @@ protected:
     }
 };
 
-class ISO_8859_1::Encoder : public IdentityEncoder<0xFF> {
+class Encoder : public IdentityEncoder<0xFF> {
 public:
     using IdentityEncoder::IdentityEncoder;
 };
 
-std::unique_ptr<CharsetDecoder> ISO_8859_1::newDecoder() {
-    return std::make_unique<Decoder>(this);
-}
+} // namespace
 
-std::unique_ptr<CharsetEncoder> ISO_8859_1::newEncoder() {
-    return std::make_unique<Encoder>(this);
-}
+constinit const SetDefinition definitions::ISO_8859_1 = {
+    4,
+    u"ISO-8859-1"_u,
+    {u"ISO_8859-1:1987"_u, u"iso-ir-100"_u, u"ISO_8859-1"_u, u"latin1"_u, u"l1"_u, u"IBM819"_u,
+     u"CP819"_u, u"csISOLatin1"_u, u"819"_u, u"ISO8859-1"_u, u"8859_1"_u, u"ISO8859_1"_u,
+     u"ISO_8859_1"_u, u"IBM-819"_u},
+    makeDecoder<Decoder>,
+    makeEncoder<Encoder>};
 
 } // namespace orv

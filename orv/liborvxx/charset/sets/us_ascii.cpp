@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief US-ASCII: names and coders.
-#include "orv/liborvxx/charset/sets/us_ascii.h"
+#include "orv/liborvxx/charset/sets/definitions.h"
 
 #include "orv/liborvxx/charset/detail/loop_cursor.h"
 #include "orv/liborvxx/charset/detail/unit_runs.h"
@@ -14,13 +14,9 @@ namespace orv {
 
 using namespace orv::literals;
 
-US_ASCII::US_ASCII()
-    : Charset(3, u"US-ASCII"_u,
-              {u"iso-ir-6"_u, u"ANSI_X3.4-1968"_u, u"ANSI_X3.4-1986"_u, u"ISO_646.irv:1991"_u,
-               u"ISO646-US"_u, u"us"_u, u"IBM367"_u, u"cp367"_u, u"csASCII"_u, u"ASCII"_u,
-               u"iso_646.irv:1983"_u, u"ascii7"_u, u"default"_u, u"646"_u}) {}
+namespace {
 
-class US_ASCII::Decoder : public CharsetDecoder {
+class Decoder : public CharsetDecoder {
 public:
     explicit Decoder(Charset* charset) : CharsetDecoder(charset, 1.0F, 1) {}
 
@@ -40,17 +36,20 @@ protected:
     }
 };
 
-class US_ASCII::Encoder : public IdentityEncoder<0x7F> {
+class Encoder : public IdentityEncoder<0x7F> {
 public:
     using IdentityEncoder::IdentityEncoder;
 };
 
-std::unique_ptr<CharsetDecoder> US_ASCII::newDecoder() {
-    return std::make_unique<Decoder>(this);
-}
+} // namespace
 
-std::unique_ptr<CharsetEncoder> US_ASCII::newEncoder() {
-    return std::make_unique<Encoder>(this);
-}
+constinit const SetDefinition definitions::US_ASCII = {
+    3,
+    u"US-ASCII"_u,
+    {u"iso-ir-6"_u, u"ANSI_X3.4-1968"_u, u"ANSI_X3.4-1986"_u, u"ISO_646.irv:1991"_u, u"ISO646-US"_u,
+     u"us"_u, u"IBM367"_u, u"cp367"_u, u"csASCII"_u, u"ASCII"_u, u"iso_646.irv:1983"_u, u"ascii7"_u,
+     u"default"_u, u"646"_u},
+    makeDecoder<Decoder>,
+    makeEncoder<Encoder>};
 
 } // namespace orv

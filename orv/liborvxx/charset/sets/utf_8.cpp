@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief UTF-8: names and coders.
-#include "orv/liborvxx/charset/sets/utf_8.h"
+#include "orv/liborvxx/charset/sets/definitions.h"
 
 #include "orv/liborvxx/charset/sets/utf_8_fast.h"
 #include "orv/liborvxx/text/literals.h"
@@ -10,10 +10,9 @@ namespace orv {
 
 using namespace orv::literals;
 
-// The first alias is one name, and neither half of it is one.
-UTF_8::UTF_8() : Charset(106, u"UTF-8"_u, {u"csUTF8unicode-1-1-utf-8"_u, u"UTF8"_u}) {}
+namespace {
 
-class UTF_8::Decoder : public CharsetDecoder {
+class Decoder : public CharsetDecoder {
 public:
     explicit Decoder(Charset* charset) : CharsetDecoder(charset, 1.0F, 1) {}
 
@@ -24,7 +23,7 @@ protected:
     }
 };
 
-class UTF_8::Encoder : public CharsetEncoder {
+class Encoder : public CharsetEncoder {
 public:
     explicit Encoder(Charset* charset) : CharsetEncoder(charset, 1.1F, 3) {}
 
@@ -35,12 +34,13 @@ protected:
     }
 };
 
-std::unique_ptr<CharsetDecoder> UTF_8::newDecoder() {
-    return std::make_unique<Decoder>(this);
-}
+} // namespace
 
-std::unique_ptr<CharsetEncoder> UTF_8::newEncoder() {
-    return std::make_unique<Encoder>(this);
-}
+// The first alias is one name, and neither half of it is one.
+constinit const SetDefinition definitions::UTF_8 = {106,
+                                                    u"UTF-8"_u,
+                                                    {u"csUTF8unicode-1-1-utf-8"_u, u"UTF8"_u},
+                                                    makeDecoder<Decoder>,
+                                                    makeEncoder<Encoder>};
 
 } // namespace orv
