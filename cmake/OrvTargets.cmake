@@ -41,6 +41,9 @@ function(orv_target_defaults target)
     if(type STREQUAL "SHARED_LIBRARY")
         set_target_properties(${target} PROPERTIES
             VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+        # Addresses of the library's own functions, of which every table of virtual functions is
+        # full, are then known without a search by name at load.
+        target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
         if(NOT ORV_SANITIZE)
             target_link_options(${target} PRIVATE -Wl,--no-undefined)
         endif()

@@ -32,7 +32,7 @@ public:
 
     char32_t next() {
         while (index_ != name_.size()) {
-            const char32_t c = Char16::codePointAt(name_, index_);
+            const char32_t c = codePoint();
             index_ += Char16::charCount(c);
             if (c >= U'A' && c <= U'Z') {
                 return last_ = c;
@@ -53,6 +53,12 @@ public:
 
 private:
     static bool isDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
+
+    char32_t codePoint() const {
+        const char16 unit = name_[index_];
+        return Char16::isSurrogate(unit) ? Char16::codePointAt(name_, index_)
+                                         : static_cast<char32_t>(unit);
+    }
 
     // What stands for a number's leading zeros: the first digit behind them, the last zero at the
     // end of the name, or the unit that follows, which is not consumed.
@@ -120,9 +126,10 @@ Charset::Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ust
     if (!isNew) {
         throw std::logic_error("ambiguous charset names");
     }
+    bool allAreOurs = true;
     try {
         for (const ustring_ref& alias : aliases_) {
-            s_byAlias.emplace(alias, this);
+            allAreOurs &= s_byAlias.emplace(alias, this).first->second == this;
         }
     } catch (...) {
         // Out of memory. The object never was, so nothing may lead to it.
@@ -131,6 +138,9 @@ Charset::Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ust
         throw;
     }
     // What takes an alias from another set comes last, when nothing can fail.
+    if (allAreOurs) {
+        return;
+    }
     for (const ustring_ref& alias : aliases_) {
         if (Charset*& owner = s_byAlias.find(alias)->second; owner != this) {
             owner = nullptr;

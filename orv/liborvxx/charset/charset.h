@@ -96,6 +96,8 @@ public:
     static Charset* const US_ASCII;
     static Charset* const ISO_8859_1;
     static Charset* const UTF_8;
+    static Charset* const UTF_16BE;
+    static Charset* const UTF_16LE;
     static Charset* const CESU_8;
     /// @}
 
