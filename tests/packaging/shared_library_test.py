@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""A shared library carries its SONAME, needs no library it should not, and calls nothing that
-writes to the process's standard streams or ends the process.
+"""A shared library carries its SONAME, needs no library it should not, calls nothing that writes to
+the process's standard streams or ends the process, and has its tables where processes share them.
 
     shared_library_test.py NM OBJDUMP LIBRARY SONAME BUILD_TYPE
 """
@@ -19,6 +19,11 @@ FORBIDDEN = re.compile(
 # Assertions are for debug builds.
 FORBIDDEN_IN_RELEASES = re.compile(r"__assert(_fail|_perror_fail)?")
 NEEDED = re.compile(r"lib(orv|c|m|gcc_s|stdc\+\+|c\+\+|c\+\+abi|unwind)\.so\.\d+|ld-linux.*")
+
+
+# Namespaces of generated tables, as mangled, and how many arrays of them a library has at least.
+TABLES = re.compile(r"(\w) _ZN3orv6tables\S+")
+TABLES_AT_LEAST = {"liborvxx": 100}
 
 
 def output_of(*command):
@@ -45,6 +50,13 @@ def main():
             faults.append(f"refers to {name}")
         if build_type == "Release" and FORBIDDEN_IN_RELEASES.fullmatch(name):
             faults.append(f"refers to {name}: an assertion in a release")
+
+    # Constants without relocations are in .rodata; any that need code or addresses are not.
+    tables = TABLES.findall(output_of(nm, library))
+    if len(tables) < TABLES_AT_LEAST.get(soname.partition(".")[0], 0):
+        faults.append(f"only {len(tables)} tables are found")
+    if set(tables) - set("rR"):
+        faults.append("tables are not all in read-only data without relocations")
 
     if faults:
         sys.exit("\n".join(f"{library}: {fault}" for fault in faults))
