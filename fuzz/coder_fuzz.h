@@ -7,6 +7,7 @@
 #ifndef ORV_FUZZ_CODER_FUZZ_H
 #define ORV_FUZZ_CODER_FUZZ_H
 
+#include "fuzz/charsets.h"
 #include "fuzz/check.h"
 #include "fuzz/input.h"
 
@@ -21,15 +22,6 @@
 #include <vector>
 
 namespace fuzz {
-
-/// The set that a byte chooses. Sets are only ever added at the end, so that old inputs keep their
-/// meaning.
-inline orv::Charset* chooseCharset(std::uint8_t choice) {
-    static const std::array names = {"UTF-8", "CESU-8", "US-ASCII", "ISO-8859-1"};
-    orv::Charset* const charset = orv::Charset::forName(widen(names[choice % names.size()]));
-    FUZZ_CHECK(charset != nullptr);
-    return charset;
-}
 
 /// The action that a byte chooses.
 inline orv::CodingErrorAction chooseAction(std::uint8_t choice) {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Sets that hold every unit or byte: decoding and encoding undo each other.
+/// \brief Decoding and encoding undo each other, wherever a character has one form in its set.
 ///
 /// Input: a byte of which the lowest bit says what follows, bytes to decode (0) or units to encode
-/// (1).
+/// (1), and the others choose a character set.
+#include "fuzz/charsets.h"
 #include "fuzz/check.h"
 #include "fuzz/input.h"
+#include "fuzz/several_forms.h"
 
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/coding_error.h"
@@ -39,7 +41,7 @@ std::optional<std::size_t> countPairs(const orv::ustring& text) {
 std::optional<orv::ustring> tryDecode(orv::Charset* charset, const std::string& bytes) {
     try {
         return charset->newDecoder()->decode(bytes);
-    } catch (const orv::MalformedInputError&) {
+    } catch (const orv::CharacterCodingError&) {
         return std::nullopt;
     }
 }
@@ -49,6 +51,47 @@ std::optional<std::string> tryEncode(orv::Charset* charset, const orv::ustring& 
         return charset->newEncoder()->encode(text);
     } catch (const orv::CharacterCodingError&) {
         return std::nullopt;
+    }
+}
+
+// A text has one form, unless a character of it has several.
+void checkBytes(orv::Charset* charset, const std::string& bytes) {
+    const auto text = tryDecode(charset, bytes);
+    if (!text) {
+        return;
+    }
+    if (!countPairs(*text)) {
+        FUZZ_CHECK(charset == orv::Charset::CESU_8);
+        return;
+    }
+    const auto again = tryEncode(charset, *text);
+    FUZZ_CHECK(again.has_value());
+    if (!fuzz::hasSeveralForms(charset, *text)) {
+        FUZZ_CHECK(*again == bytes);
+    }
+    FUZZ_CHECK(tryDecode(charset, *again) == text);
+}
+
+// What was encoded decodes to a text that encodes to the same bytes: the text itself, or that which
+// a row from Unicode only leads to.
+void checkUnits(orv::Charset* charset, const orv::ustring& text) {
+    const auto bytes = tryEncode(charset, text);
+    if (!bytes) {
+        return;
+    }
+    const auto again = tryDecode(charset, *bytes);
+    if (again) {
+        FUZZ_CHECK(tryEncode(charset, *again) == bytes);
+        return;
+    }
+    // The decoders of UTF-16 refuse U+FFFE, and four codes of Big5-HKSCS hold from Unicode only.
+    const orv::char16* const end = text.data() + text.size();
+    if (charset == orv::Charset::forName(fuzz::widen("Big5-HKSCS"))) {
+        FUZZ_CHECK(std::any_of(text.data(), end,
+                               [](orv::char16 c) { return c >= u'\xE000' && c <= u'\xF8FF'; }));
+    } else {
+        FUZZ_CHECK(charset == orv::Charset::UTF_16BE || charset == orv::Charset::UTF_16LE);
+        FUZZ_CHECK(std::find(text.data(), end, orv::char16(u'\xFFFE')) != end);
     }
 }
 
@@ -96,10 +139,16 @@ void checkUnits(const orv::ustring& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
-    if (input.byte() % 2 == 0) {
-        checkBytes(input.rest());
+    const std::uint8_t choice = input.byte();
+    orv::Charset* const charset = fuzz::chooseCharset(choice / 2);
+    if (choice % 2 == 0) {
+        const std::string bytes = input.rest();
+        checkBytes(bytes);
+        checkBytes(charset, bytes);
     } else {
-        checkUnits(fuzz::toUnits(input.rest()));
+        const orv::ustring text = fuzz::toUnits(input.rest());
+        checkUnits(text);
+        checkUnits(charset, text);
     }
     return 0;
 }

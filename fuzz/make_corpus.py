@@ -9,7 +9,25 @@ import pathlib
 
 CORPUS = pathlib.Path(__file__).parent / "corpus"
 
-UTF_8, CESU_8, US_ASCII, ISO_8859_1 = range(4)
+UTF_8, CESU_8, US_ASCII, ISO_8859_1, UTF_16BE, UTF_16LE = range(6)
+# Further sets, by their place in charsets.h, with the codec that writes most of their characters.
+TABLES = {
+    "iso-8859-2": (6, "iso8859-2", "P\u0159\u00edli\u0161 \u017elu\u0165ou\u010dk\u00fd k\u016f\u0148 "),
+    "iso-8859-3": (7, "iso8859-3", "e\u0125o\u015dan\u011do \u0109iu\u0135a\u016dde "),
+    "iso-8859-6": (10, "iso8859-6", "\u0627\u0644\u0639\u0631\u0628\u064a\u0629 "),
+    "iso-8859-7": (11, "iso8859-7", "\u03be\u03b5\u03c3\u03ba\u03b5\u03c0\u03ac\u03b6\u03c9 \u20ac "),
+    "windows-1252": (22, "cp1252", "\u20ac\u201cna\u00efve\u201d\u2122 caf\u00e9 "),
+    "windows-1258": (28, "cp1258", "Vi\u00ea\u0323t \u20ab "),
+    "windows-874": (29, "cp874", "\u0e20\u0e32\u0e29\u0e32\u0e44\u0e17\u0e22 "),
+    "windows-31j": (30, "cp932", "\u65e5\u672c\u8a9e \u30c6\u30b9\u30c8\uff71\uff72\u2460\ue000 "),
+    "x-windows-949": (32, "cp949", "\ud55c\uad6d\uc5b4 \ub6a0\ubc29\uac01\ud558 "),
+    "koi8-u": (35, "koi8_u", "\u0457\u0436\u0430\u043a \u2502\u25a0 "),
+    "big5": (36, "big5", "\u4e2d\u6587\u3002\u7e41\u9ad4 "),
+    "big5-hkscs": (37, "big5hkscs", "\u9999\u6e2f\U0002010c\u4e2d\U00027267\u0100 "),
+    "gbk": (38, "gbk", "\u4e2d\u6587\u3002\u4e02\u9fa5\u7b80\u4f53 "),
+    "gb18030": (39, "gb18030", "\u4e2d\u6587 \u0416\u00e9\u0590\U0001f600\uffff\ue78d "),
+    "shift_jis": (40, "shift_jis", "\u65e5\u672c\u8a9e\uff76\uff85\u3002\u301c "),
+}
 REPORT, REPLACE, IGNORE = range(3)
 
 ALL = 255  # the largest step
@@ -68,6 +86,15 @@ DECODE = {
     "ascii-replaced": coder(US_ASCII, REPLACE, WIDE, b"z" * 40 + b"\xe9" + b"z" * 40),
     "latin1-all-bytes": coder(ISO_8859_1, REPORT, UNEVEN, bytes(range(256))),
     "empty-utf8": coder(UTF_8, REPORT, AT_ONCE, b""),
+    "utf16be-mixed": coder(UTF_16BE, REPORT, UNEVEN, utf16(EMOJI + CHINESE * 3)),
+    "utf16le-swapped-mark": coder(UTF_16LE, REPLACE, WIDE, b"\xfe\xff" + utf16(ENGLISH)),
+    "utf16be-lone-and-odd": coder(UTF_16BE, REPORT, SINGLE, utf16("a\ud800b\udc00\ufffe") + b"\xd8"),
+    "gb18030-all-errors": coder(
+        39, REPORT, UNEVEN,
+        b"\x80\xffA\x81\x7f\x81\xff\x81\x20\x81\x30\x20\x81\x30\x81\x20\x84\x32\x81\x30"
+        b"\xfe\x39\xfe\x39\x90\x30\x81\x30\xe3\x32\x9a\x35\x81\x30\x81"),
+    "shift_jis-bad-trails": coder(40, REPORT, UNEVEN, b"\x81 \x81\x7f\xfd\xa0\x85\x40\x81\x5c\x81"),
+    "big5-hkscs-bad-trails": coder(37, REPLACE, WIDE, b"\x81\x80\x88\x62\x87\x45\xfe\xfd\xff\x80" * 4),
 }
 
 ENCODE = {
@@ -88,6 +115,10 @@ ENCODE = {
     "latin1-all-units": coder(ISO_8859_1, REPORT, UNEVEN, utf16("".join(map(chr, range(256))))),
     "latin1-beyond-in-the-middle": coder(
         ISO_8859_1, REPLACE, WIDE, utf16("z" * 40 + "\u0100" + "z" * 40)),
+    "utf16le-mixed": coder(UTF_16LE, REPORT, UNEVEN, utf16(EMOJI + CHINESE * 3)),
+    "utf16be-lone": coder(UTF_16BE, REPLACE, WIDE, utf16(RUSSIAN + "\udfff\ufffe" + EMOJI + "\ud800")),
+    "big5-hkscs-one-way": coder(37, REPORT, WIDE, utf16("\ue000\ufffd\U0002fffd\U00020000\U000e0001 ")),
+    "windows-31j-one-way": coder(30, REPORT, WIDE, utf16("\u00a2\u00a5\u203e\u3094\ue757\ue758 ")),
     "empty-utf8": coder(UTF_8, REPORT, AT_ONCE, b""),
 }
 
@@ -105,6 +136,15 @@ ROUNDTRIP = {
     "units-latin1": b"\1" + utf16("gr\u00fc\u00dfe \u00e0 \u00e9t\u00e9 " * 3),
     "units-lone": b"\1" + utf16("a\ud800b\udc00"),
 }
+
+for name, (place, codec, text) in TABLES.items():
+    DECODE[name] = coder(place, REPORT, WIDE, (text * 8).encode(codec))
+    DECODE[name + "-broken"] = coder(
+        place, REPLACE, UNEVEN, bytes(range(0x20, 0x100)) + text.encode(codec)[:-2])
+    ENCODE[name] = coder(place, REPORT, WIDE, utf16(text * 8))
+    ENCODE[name + "-other-scripts"] = coder(place, IGNORE, UNEVEN, utf16(text + RUSSIAN + EMOJI + CHINESE))
+    ROUNDTRIP["bytes-" + name] = bytes([2 * place]) + text.encode(codec)
+    ROUNDTRIP["units-" + name] = bytes([2 * place + 1]) + utf16(text)
 
 
 def names(*texts):
