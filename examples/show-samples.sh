@@ -53,6 +53,28 @@ for file in *.iso-8859-1.txt; do
 done
 
 echo
+echo "Files of other sets to UTF-8, and back"
+printf '  %-13s  %-9s %5s  %-23s  %-9s  %s\n' set sample bytes 'begins' back text
+while read -r set name; do
+    file=$name.$(echo "$set" | tr 'A-Z' 'a-z').txt
+    convert "$set" UTF-8 -o "$scratch/utf8" "$file"
+    convert UTF-8 "$set" -o "$scratch/back" "$scratch/utf8"
+    same "$file" "$scratch/back"
+    printf '  %-13s  %-9s %5s  %-23s  %-9s  %s\n' "$set" "$name" "$(size "$file")" \
+        "$(first_bytes "$file")" "$verdict" "$(head -n 1 "$scratch/utf8")"
+done <<'SETS'
+Shift_JIS japanese
+x-windows-949 korean
+GB18030 chinese
+GB18030 emoji
+Big5-HKSCS cantonese
+windows-1251 russian
+windows-1253 greek
+windows-1256 arabic
+UTF-16LE hindi
+SETS
+
+echo
 echo "UTF-8 to US-ASCII, replacing what has no counterpart"
 for name in french greek japanese emoji; do
     printf '  %-9s %s\n' "$name" "$(convert UTF-8 US-ASCII --on-error replace "$name.utf-8.txt" | head -n 1)"

@@ -77,6 +77,19 @@ std::string explainUtf8(std::string_view bytes, bool isCesu8) {
                             : "expected the shortest form of " + unicodeName(value);
 }
 
+std::string explainUtf16(std::string_view bytes, bool isBigEndian) {
+    if (bytes.size() % 2 != 0) {
+        return "the input ends inside a unit";
+    }
+    const unsigned int unit =
+        byteAt(bytes, isBigEndian ? 0 : 1) << 8 | byteAt(bytes, isBigEndian ? 1 : 0);
+    if (unit == 0xFFFE) {
+        return "a byte order mark of the other byte order";
+    }
+    return unit < 0xDC00 ? "expected the other half of a surrogate pair after " + unicodeName(unit)
+                         : "expected half of a surrogate pair before " + unicodeName(unit);
+}
+
 std::string explainMalformed(std::string_view bytes, const orv::Charset& from) {
     if (&from == orv::Charset::UTF_8 || &from == orv::Charset::CESU_8) {
         return ": " + explainUtf8(bytes, &from == orv::Charset::CESU_8);
@@ -84,7 +97,15 @@ std::string explainMalformed(std::string_view bytes, const orv::Charset& from) {
     if (&from == orv::Charset::US_ASCII) {
         return ": expected 0x00 to 0x7F";
     }
-    return "";
+    if (&from == orv::Charset::UTF_16BE || &from == orv::Charset::UTF_16LE) {
+        return ": " + explainUtf16(bytes, &from == orv::Charset::UTF_16BE);
+    }
+    // The other sets have characters of several bytes. A lead byte that stands alone is told
+    // without what follows it.
+    if (bytes.size() == 1 && (byteAt(bytes, 0) == 0x80 || byteAt(bytes, 0) == 0xFF)) {
+        return ": no character begins so";
+    }
+    return ": expected the rest of a character";
 }
 
 } // namespace
@@ -98,7 +119,7 @@ std::string describe(const BadInput& bad, const orv::Charset& from, const orv::C
     case BadInput::MALFORMED:
         return place + "not valid " + fromName + explainMalformed(bad.bytes, from);
     case BadInput::NOT_IN_UNICODE:
-        return place + "a character of " + fromName + " that has no counterpart in Unicode";
+        return place + "unassigned in " + fromName;
     case BadInput::NO_COUNTERPART:
         break;
     case BadInput::LONE_SURROGATE:

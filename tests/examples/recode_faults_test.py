@@ -57,6 +57,36 @@ class Sentences(RecodeTest):
         self.assert_bad_input("US-ASCII", "UTF-8", b"ok\x80",
                               "byte 2: 80 is not valid US-ASCII: expected 0x00 to 0x7F", b"ok")
 
+    def test_malformed_utf_16(self):
+        mark = "a byte order mark of the other byte order"
+        for charset, ok, data, shown, why in [
+                ("UTF-16BE", b"\0o", b"\xFF\xFE", "FF FE", mark),
+                ("UTF-16LE", b"o\0", b"\xFE\xFF", "FE FF", mark),
+                ("UTF-16BE", b"\0o", b"\xD8\0\0A", "D8 00",
+                 "expected the other half of a surrogate pair after U+D800"),
+                ("UTF-16LE", b"o\0", b"\0\xDC", "00 DC",
+                 "expected half of a surrogate pair before U+DC00"),
+                ("UTF-16LE", b"o\0", b"\xD8", "D8", "the input ends inside a unit")]:
+            self.assert_bad_input(charset, "UTF-8", ok + data,
+                                  f"byte 2: {shown} is not valid {charset}: {why}", b"o")
+
+    def test_malformed_multi_byte_characters(self):
+        rest = "expected the rest of a character"
+        for charset, data, shown, why in [
+                ("Shift_JIS", b"\x81 ", "81", rest), ("Shift_JIS", b"\x81", "81", rest),
+                ("GB18030", b"\x80", "80", "no character begins so"),
+                ("GB18030", b"\x81\x30 ", "81 30 20", rest)]:
+            self.assert_bad_input(charset, "UTF-8", b"ok" + data,
+                                  f"byte 2: {shown} is not valid {charset}: {why}", b"ok")
+
+    def test_unassigned_codes(self):
+        for charset, data, shown in [
+                ("windows-1252", b"\x81", "81"), ("Shift_JIS", b"\x85\x40", "85 40"),
+                ("Big5-HKSCS", b"\x88\x62", "88 62"), ("GB18030", b"\x84\x32\x81\x30",
+                                                       "84 32 81 30")]:
+            self.assert_bad_input(charset, "UTF-8", b"ok" + data,
+                                  f"byte 2: {shown} is unassigned in {charset}", b"ok")
+
     def test_characters_without_a_counterpart(self):
         self.assert_bad_input(
             "UTF-8", "ISO-8859-1", "é€".encode(),

@@ -25,7 +25,7 @@ def main():
 def samples():
     """The valid UTF-8 samples."""
     found = sorted(p for p in SAMPLES.glob("*.utf-8.txt") if not p.name.startswith("broken-"))
-    assert len(found) == 10, found
+    assert len(found) == 11, found
     return found
 
 

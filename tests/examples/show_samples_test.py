@@ -20,7 +20,7 @@ class ShowSamples(unittest.TestCase):
         result = show(BUILD)
         text = result.stdout.decode()
         self.assertEqual((result.returncode, result.stderr), (0, b""), text)
-        self.assertEqual(text.count("  identical  "), 12)
+        self.assertEqual(text.count("  identical  "), 22)
         self.assertNotIn("DIFFERENT", text)
         self.assertIn("byte 34: C3 20 is not valid UTF-8", text)
         self.assertRegex(text, r"(?m)^Speed on 2 MiB of mixed text: UTF-8 to CESU-8 \d+ MB/s, "
