@@ -25,19 +25,41 @@ struct Size {
     std::size_t pieces;
 };
 
-constexpr Size SIZES[] = {{"64B", 64, 1024}, {"1MiB", 1U << 20, 1}, {"2MiB", 2U << 20, 1}};
+constexpr Size LINES = {"64B", 64, 1024};
+constexpr Size MEBIBYTE = {"1MiB", 1U << 20, 1};
+constexpr Size TWO_MEBIBYTES = {"2MiB", 2U << 20, 1};
 
 struct SetWithTexts {
     const char* charset;
     std::vector<Script> scripts;
+    std::vector<Size> sizes = {LINES, TWO_MEBIBYTES};
 };
 
+// At least one set for each kind of coder. tools/bench_report.py puts them together in families.
 const std::vector<SetWithTexts>& sets() {
+    static const std::vector<Size> more = {LINES, MEBIBYTE, TWO_MEBIBYTES};
     static const std::vector<SetWithTexts> list = {
-        {"UTF-8", {Script::ENGLISH, Script::CYRILLIC, Script::CHINESE, Script::EMOJI}},
+        {"UTF-8", {Script::ENGLISH, Script::CYRILLIC, Script::CHINESE, Script::EMOJI}, more},
         {"CESU-8", {Script::ENGLISH, Script::CYRILLIC, Script::CHINESE, Script::EMOJI}},
-        {"US-ASCII", {Script::ASCII}},
-        {"ISO-8859-1", {Script::ASCII, Script::WESTERN}}};
+        {"UTF-16LE", {Script::ENGLISH, Script::EMOJI}},
+        {"UTF-16BE", {Script::ENGLISH, Script::EMOJI}},
+        {"US-ASCII", {Script::ASCII}, more},
+        {"ISO-8859-1", {Script::ASCII, Script::WESTERN}, more},
+        {"ISO-8859-2", {Script::POLISH}},
+        {"KOI8-R", {Script::CYRILLIC}},
+        {"ISO-8859-3", {Script::ESPERANTO}},
+        {"windows-1251", {Script::CYRILLIC}},
+        {"windows-1252", {Script::ENGLISH, Script::WESTERN}},
+        {"windows-1253", {Script::GREEK}},
+        {"windows-1255", {Script::HEBREW}},
+        {"windows-874", {Script::THAI}},
+        {"Shift_JIS", {Script::JAPANESE}},
+        {"Windows-31J", {Script::JAPANESE}},
+        {"x-windows-949", {Script::KOREAN}},
+        {"Big5", {Script::TRADITIONAL_CHINESE}},
+        {"Big5-HKSCS", {Script::CANTONESE}},
+        {"GBK", {Script::CHINESE}},
+        {"GB18030", {Script::CHINESE, Script::KOREAN, Script::EMOJI}}};
     return list;
 }
 
@@ -131,7 +153,7 @@ int main(int argc, char** argv) {
     std::deque<Case> cases;
     for (const SetWithTexts& set : sets()) {
         for (const Script script : set.scripts) {
-            for (const Size& size : SIZES) {
+            for (const Size& size : set.sizes) {
                 addCase(cases, set.charset, script, size);
                 if (!registerCase(cases.back())) {
                     return 1;

@@ -108,6 +108,8 @@ private:
         std::size_t left = room;
         iconv(descriptor, nullptr, nullptr, nullptr, nullptr);
         iconv(descriptor, &from, &size, &to, &left);
+        // Some sets keep a last character back, as a combining one might follow.
+        iconv(descriptor, nullptr, nullptr, &to, &left);
         return room - left;
     }
 
@@ -117,6 +119,15 @@ private:
 
 bool isOpen(iconv_t descriptor) {
     return descriptor != reinterpret_cast<iconv_t>(-1);
+}
+
+#endif
+
+#if ORV_BENCH_ICONV
+
+// The name that iconv knows the character set by.
+const char* iconvNameOf(const char* charset) {
+    return std::strcmp(charset, "x-windows-949") == 0 ? "CP949" : charset;
 }
 
 #endif
@@ -137,8 +148,8 @@ Transcoders makePeers([[maybe_unused]] const char* charset) {
 #if ORV_BENCH_ICONV
     constexpr bool little = std::endian::native == std::endian::little;
     const char* const utf16 = little ? "UTF-16LE" : "UTF-16BE";
-    const iconv_t decoder = iconv_open(utf16, charset);
-    const iconv_t encoder = iconv_open(charset, utf16);
+    const iconv_t decoder = iconv_open(utf16, iconvNameOf(charset));
+    const iconv_t encoder = iconv_open(iconvNameOf(charset), utf16);
     if (isOpen(decoder) && isOpen(encoder)) {
         peers.push_back(std::make_unique<Iconv>(decoder, encoder));
     }

@@ -17,10 +17,28 @@ enum class Script {
     ENGLISH,
     /// German, French and Spanish within Latin-1.
     WESTERN,
+    /// Polish.
+    POLISH,
+    /// Esperanto, as ISO-8859-3 has it.
+    ESPERANTO,
     /// Russian.
     CYRILLIC,
+    /// Modern Greek with accents.
+    GREEK,
+    /// Modern Hebrew without points.
+    HEBREW,
+    /// Thai, with a space now and then.
+    THAI,
     /// Chinese without spaces, with digits and full-width punctuation.
     CHINESE,
+    /// The same in traditional characters.
+    TRADITIONAL_CHINESE,
+    /// Cantonese as it is spoken, with characters of the Hong Kong supplement.
+    CANTONESE,
+    /// Japanese: kanji, both kana, digits.
+    JAPANESE,
+    /// Korean: Hangul with spaces.
+    KOREAN,
     /// Chat messages: short English words between emoji, some of them sequences.
     EMOJI
 };

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
-    bench_report.py [--write PAGE] charset.json uuid.json
+    bench_report.py [--write PAGE] charset.json uuid.json load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -12,13 +12,29 @@ import json
 import pathlib
 import sys
 
+import library_size
+
 BEGIN = "<!-- tables: begin (written by tools/bench_report.py) -->"
 END = "<!-- tables: end -->"
 
+# A section of the page for each kind of coder, and the sets measured in it.
+FAMILIES = [
+    ("UTF-8 and CESU-8", ["UTF-8", "CESU-8"]),
+    ("UTF-16", ["UTF-16LE", "UTF-16BE"]),
+    ("US-ASCII and ISO-8859-1", ["US-ASCII", "ISO-8859-1"]),
+    ("Single-byte sets with a character for every byte", ["ISO-8859-2", "KOI8-R"]),
+    ("Single-byte sets with unmapped bytes",
+     ["ISO-8859-3", "windows-1251", "windows-1252", "windows-1253", "windows-1255", "windows-874"]),
+    ("Double-byte sets",
+     ["Shift_JIS", "Windows-31J", "x-windows-949", "Big5", "Big5-HKSCS", "GBK"]),
+    ("GB18030", ["GB18030"]),
+]
 SIZES = [("2MiB", "2 MiB"), ("1MiB", "1 MiB"), ("64B", "Lines of 64 bytes")]
 # Column heading and the names of benchmarks that it stands for.
 COLUMNS = [("orvxx", "orvxx"), ("orvxx, whole", "orvxx-whole"), ("ICU", "ICU"),
            ("ICU `u_str`", "ICU-u_str"), ("iconv", "iconv")]
+# Heading of a ratio and the contestants of whom the fastest counts.
+RATIOS = [("to ICU", ["ICU", "ICU-u_str"]), ("to iconv", ["iconv"])]
 
 
 def load(path):
@@ -51,21 +67,42 @@ def header(titles, left):
     return [row(titles), row(["---"] * left + ["---:"] * (len(titles) - left))]
 
 
-def charset_table(rates, size):
-    """Rows of one text size: GB/s of everyone, and our incremental form against the peers."""
+def cases_by_family_and_size(rates):
+    """Rate by contestant for each (set, text, direction), under (family, size)."""
+    family_of = {charset: family for family, sets in FAMILIES for charset in sets}
     cases = {}
     for name, rate in rates.items():
-        direction, charset, text, case_size, who = name.split("/")
-        if case_size == size:
-            cases.setdefault((charset, text, direction), {})[who] = rate
-    lines = header(["Set", "Text", "Direction"] + [title for title, _ in COLUMNS]
-                   + ["to ICU", "to iconv"], 3)
+        direction, charset, text, size, who = name.split("/")
+        if charset not in family_of:
+            sys.exit(f"{charset}: no family of bench_report.py has it")
+        table = cases.setdefault((family_of[charset], size), {})
+        table.setdefault((charset, text, direction), {})[who] = rate
+    return cases
+
+
+def charset_table(cases):
+    """Rows of one family and text size: GB/s of everyone, and our incremental form against the
+    peers. A contestant who has none of the sets has no column."""
+    there = {who for by in cases.values() for who in by}
+    columns = [(title, who) for title, who in COLUMNS if who in there]
+    ratios = [(title, whos) for title, whos in RATIOS if there.intersection(whos)]
+    lines = header(["Set", "Text", "Direction"] + [title for title, _ in columns]
+                   + [title for title, _ in ratios], 3)
     for case, by in cases.items():
-        speeds = [f"{by[who] / 1e9:.2f}" if who in by else "" for _, who in COLUMNS]
-        ours = by.get("orvxx")
-        lines.append(row(list(case) + speeds
-                         + [ratio(ours, [by.get("ICU"), by.get("ICU-u_str")]),
-                            ratio(ours, [by.get("iconv")])]))
+        speeds = [f"{by[who] / 1e9:.2f}" if who in by else "" for _, who in columns]
+        lines.append(row(list(case) + speeds + [ratio(by.get("orvxx"), map(by.get, whos))
+                                                for _, whos in ratios]))
+    return lines
+
+
+def charset_sections(rates):
+    cases = cases_by_family_and_size(rates)
+    lines = []
+    for family, _ in FAMILIES:
+        for size, title in SIZES:
+            if (family, size) in cases:
+                lines += [f"### {family}", ""] if f"### {family}" not in lines else []
+                lines += [f"{title}:", ""] + charset_table(cases[family, size]) + [""]
     return lines
 
 
@@ -81,6 +118,20 @@ def uuid_table(times):
     return lines
 
 
+def load_section(times, library):
+    """What a program pays that links with the library: time to start and end, and size."""
+    lines = ["### Loading", "",
+             "Microseconds from the start of a program to its end that does nothing, and links with:",
+             ""]
+    lines += header(["Library", "µs"], 1)
+    titles = {"neither": "the standard library alone", "orvxx": "orvxx", "ICU": "ICU's uc"}
+    for name, time in times.items():
+        who = name.split("/")[1]
+        lines.append(row([titles[who], f"{time / 1e3:.0f}"]))
+    return lines + ["", "What of `liborvxx` goes into memory:", ""] \
+        + library_size.Library(library).table() + [""]
+
+
 def machine(context):
     """One sentence on where the numbers come from."""
     peers = [f"{name} {context[name]}" for name in ("ICU",) if name in context]
@@ -91,16 +142,15 @@ def machine(context):
     return sentence + ("; peers " + ", ".join(peers) if peers else "") + "."
 
 
-def report(charset_path, uuid_path):
-    context, charset_runs = load(charset_path)
-    _, uuid_runs = load(uuid_path)
-    rates = best(charset_runs, "bytes_per_second", max)
-    lines = [machine(context), ""]
-    for size, title in SIZES:
-        lines += [f"### {title}", "", "GB of encoded text per second.", ""]
-        lines += charset_table(rates, size) + [""]
+def report(arguments):
+    context, charset_runs = load(arguments.charset_json)
+    _, uuid_runs = load(arguments.uuid_json)
+    _, load_runs = load(arguments.load_json)
+    lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
+    lines += charset_sections(best(charset_runs, "bytes_per_second", max))
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
+    lines += load_section(best(load_runs, "real_time", min), arguments.library)
     return "\n".join(lines)
 
 
@@ -118,8 +168,10 @@ def main():
     parser.add_argument("--write", type=pathlib.Path, metavar="PAGE")
     parser.add_argument("charset_json")
     parser.add_argument("uuid_json")
+    parser.add_argument("load_json")
+    parser.add_argument("library", help="the shared library, for its size")
     arguments = parser.parse_args()
-    tables = report(arguments.charset_json, arguments.uuid_json)
+    tables = report(arguments)
     if arguments.write:
         write(arguments.write, tables)
     else:
