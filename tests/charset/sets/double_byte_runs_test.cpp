@@ -44,7 +44,7 @@ protected:
                            : pattern == Pattern::MIXED ? oneIn(3)
                                                        : false;
         if (ascii) {
-            return static_cast<unsigned int>(' ' + below('~' - ' '));
+            return static_cast<unsigned int>(below(0x80));
         }
         // Single bytes are few among the codes, so they get a chance of their own.
         return codes_[oneIn(4) ? below(64) : below(codes_.size())];
@@ -111,6 +111,19 @@ TEST_P(DoubleByteRuns, DecodeEveryLengthIntoEveryRoom) {
             }
         }
     }
+}
+
+TEST_P(DoubleByteRuns, EveryAsciiCharacterAloneAmongPairs) {
+    std::string bytes;
+    std::u16string text;
+    for (unsigned int ascii = 0; ascii < 0x80; ++ascii) {
+        for (const unsigned int code : {ascii, anyCode(Pattern::PAIRS, 0)}) {
+            bytes += orvtest::bytesOf(code);
+            text += orvtest::unitsOf(shape().decoded(code));
+        }
+    }
+    EXPECT_TRUE(decodesAsTheModel(bytes, bytes.size()));
+    EXPECT_TRUE(encodesAsTheModel(text, 2 * text.size()));
 }
 
 TEST_P(DoubleByteRuns, StopDecodingAtAnErrorAnywhere) {
