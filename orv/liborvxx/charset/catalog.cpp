@@ -40,6 +40,8 @@ constinit Immortal<DefinedSet<DEFINITION>> storage;
 
 template <const SetDefinition&... DEFINITIONS>
 void makeInOrder() {
+    static_assert(((sizeof(DefinedSet<DEFINITIONS>) == sizeof(Charset)) && ...),
+                  "a set is told from others by its definition alone");
     (storage<DEFINITIONS>.make(), ...);
 }
 

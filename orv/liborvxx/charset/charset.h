@@ -67,7 +67,7 @@ public:
     ustring decode(char byte);
     std::string encode(char16 unit);
 
-    /// The number of the set in IANA's registry of character sets.
+    /// The number of the set in IANA's registry of character sets, 0 if it has none there.
     int MIBenum() const noexcept { return mibEnum_; }
     /// The canonical name.
     const ustring_ref& name() const noexcept { return name_; }

@@ -2,6 +2,7 @@
 /// \file
 /// \brief The block loop of the single-byte coders beside the plain one: texts of all lengths, with
 /// an error at every place and with every amount of room.
+#include "orv/liborvxx/charset/detail/unit_runs.h"
 #include "orv/liborvxx/charset/sets/sbcs_run.h"
 #include "orv/liborvxx/text/char16.h"
 #include "tests/charset/sets/single_byte_shapes.h"
@@ -77,20 +78,20 @@ TEST(SbcsRun, CountsAsThePlainLoopAndWritesNothingElse) {
 }
 
 TEST(SbcsRun, TellsAsciiBlocksApart) {
-    std::array<unsigned char, orv::sbcs::BLOCK> bytes{};
-    std::array<char16, orv::sbcs::BLOCK> units{};
+    std::array<unsigned char, orv::detail::ASCII_BLOCK> bytes{};
+    std::array<char16, orv::detail::ASCII_BLOCK> units{};
     bytes.fill(0x7F);
     units.fill(u'\x7F');
-    EXPECT_TRUE(orv::sbcs::isAsciiBlock(bytes.data()));
-    EXPECT_TRUE(orv::sbcs::isAsciiBlock(units.data()));
-    for (std::size_t i = 0; i < orv::sbcs::BLOCK; ++i) {
+    EXPECT_TRUE(orv::detail::isAsciiBlock(bytes.data()));
+    EXPECT_TRUE(orv::detail::isAsciiBlock(units.data()));
+    for (std::size_t i = 0; i < orv::detail::ASCII_BLOCK; ++i) {
         for (unsigned int bit = 7; bit < 16; ++bit) {
             units[i] = char16(1U << bit);
-            EXPECT_FALSE(orv::sbcs::isAsciiBlock(units.data())) << i << ' ' << bit;
+            EXPECT_FALSE(orv::detail::isAsciiBlock(units.data())) << i << ' ' << bit;
         }
         units[i] = u'\x7F';
         bytes[i] = 0x80;
-        EXPECT_FALSE(orv::sbcs::isAsciiBlock(bytes.data())) << i;
+        EXPECT_FALSE(orv::detail::isAsciiBlock(bytes.data())) << i;
         bytes[i] = 0x7F;
     }
 }

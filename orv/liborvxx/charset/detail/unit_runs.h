@@ -21,18 +21,29 @@ inline void widen(const unsigned char* src, char16* dst, std::size_t n) noexcept
     }
 }
 
+/// Elements that are tested for ASCII together.
+inline constexpr std::size_t ASCII_BLOCK = 32;
+
+/// Whether a block of bytes or units is all ASCII.
+template <typename In>
+bool isAsciiBlock(const In* src) noexcept {
+    constexpr std::uint64_t ABOVE_ASCII =
+        sizeof(In) == 1 ? 0x8080808080808080U : 0xFF80FF80FF80FF80U;
+    std::uint64_t words[ASCII_BLOCK * sizeof(In) / sizeof(std::uint64_t)];
+    std::memcpy(words, src, sizeof words);
+    std::uint64_t all = 0;
+    for (const std::uint64_t word : words) {
+        all |= word;
+    }
+    return (all & ABOVE_ASCII) == 0;
+}
+
 /// Widens the ASCII bytes at the front of \p n bytes and returns their count. Nothing is written
 /// behind them.
 inline std::size_t widenAscii(const unsigned char* src, char16* dst, std::size_t n) noexcept {
-    constexpr std::size_t BLOCK = 32;
     std::size_t i = 0;
-    for (; n - i >= BLOCK; i += BLOCK) {
-        std::uint64_t words[BLOCK / 8];
-        std::memcpy(words, src + i, BLOCK);
-        if (((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080U) != 0) {
-            break;
-        }
-        widen(src + i, dst + i, BLOCK);
+    for (; n - i >= ASCII_BLOCK && isAsciiBlock(src + i); i += ASCII_BLOCK) {
+        widen(src + i, dst + i, ASCII_BLOCK);
     }
     for (; i < n && src[i] < 0x80; ++i) {
         dst[i] = char16(src[i]);

@@ -4,29 +4,13 @@
 #ifndef ORV_LIBORVXX_CHARSET_SETS_SBCS_RUN_H
 #define ORV_LIBORVXX_CHARSET_SETS_SBCS_RUN_H
 
+#include "orv/liborvxx/charset/detail/unit_runs.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 
 namespace orv::sbcs {
-
-/// Elements that are tested for ASCII together.
-inline constexpr std::size_t BLOCK = 32;
-
-/// Whether a block of bytes or units is all ASCII.
-template <typename In>
-bool isAsciiBlock(const In* src) noexcept {
-    constexpr std::uint64_t ABOVE_ASCII =
-        sizeof(In) == 1 ? 0x8080808080808080U : 0xFF80FF80FF80FF80U;
-    std::uint64_t words[BLOCK * sizeof(In) / sizeof(std::uint64_t)];
-    std::memcpy(words, src, sizeof words);
-    std::uint64_t all = 0;
-    for (const std::uint64_t word : words) {
-        all |= word;
-    }
-    return (all & ABOVE_ASCII) == 0;
-}
 
 /// Looks up the elements at the front of \p n and returns how many have a counterpart. \p lookUp
 /// takes an element and the place for its counterpart, and says whether there is one.
@@ -53,18 +37,18 @@ template <typename In, typename Out, typename LookUp>
 std::size_t run(const In* src, Out* dst, std::size_t n, LookUp lookUp) noexcept {
     // A block with another character in it seldom comes alone: in most texts the next ones have
     // some too. So the test rests for a while.
-    constexpr std::size_t REST = 2 * BLOCK;
+    constexpr std::size_t REST = 2 * detail::ASCII_BLOCK;
     std::size_t i = 0;
-    while (n - i >= BLOCK) {
-        if (isAsciiBlock(src + i)) {
+    while (n - i >= detail::ASCII_BLOCK) {
+        if (detail::isAsciiBlock(src + i)) {
             // By way of a local array, which cannot overlap the input: with that in sight both
             // compilers make vector code of the loop.
-            Out block[BLOCK];
-            for (std::size_t k = 0; k < BLOCK; ++k) {
+            Out block[detail::ASCII_BLOCK];
+            for (std::size_t k = 0; k < detail::ASCII_BLOCK; ++k) {
                 block[k] = static_cast<Out>(src[i + k]);
             }
             std::memcpy(dst + i, block, sizeof block);
-            i += BLOCK;
+            i += detail::ASCII_BLOCK;
             continue;
         }
         const std::size_t size = std::min(n - i, REST);
