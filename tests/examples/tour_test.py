@@ -24,6 +24,12 @@ Bad input: throw, replace, or ask where
   replaced: caf\N{REPLACEMENT CHARACTER}
   no counterpart in US-ASCII: unit 3, U+20AC
 
+Exact numbers
+  30! = 265252859812191058636308480000000
+  2^200 has 61 digits: 1606938044258990275541962092341162602522202993782792835301376
+  123456789 / 10^13 as a double: 1.23456789e-05
+  the nearest half to 1/3: 0.333252
+
 UUIDs
   of a name: 1d983fa2-e448-3ca9-988f-afcdbc377091, version 3
   parsed again it is the same
