@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
-    bench_report.py [--write PAGE] charset.json uuid.json load.json liborvxx.so
+    bench_report.py [--write PAGE] charset.json number.json uuid.json load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -106,6 +106,32 @@ def charset_sections(rates):
     return lines
 
 
+def short(nanoseconds):
+    """A time in at least three digits."""
+    return f"{nanoseconds:.3g}" if nanoseconds < 100 else f"{nanoseconds:.0f}"
+
+
+def number_sections(times):
+    """Whole numbers by operation and words; then what is ours alone or has no width."""
+    operations, others = {}, {}
+    for name, time in times.items():
+        operation, words, who = name.split("/")
+        table = others if words == "-" or operation == "ilog10" else operations
+        label = operation if words == "-" else (f"{operation}, {words} words"
+                                                if table is others else (operation, words))
+        table.setdefault(label, {})[who] = time
+    whos = ("orvxx", "GMP", "Boost")
+    lines = header(["Operation", "Words", "orvxx", "GMP", "Boost", "times GMP's", "times Boost's"], 1)
+    for (operation, words), by in operations.items():
+        shares = [f"{by['orvxx'] / by[peer]:.2f}" if peer in by else "" for peer in whos[1:]]
+        lines.append(row([operation, words] + [short(by[who]) if who in by else "" for who in whos]
+                         + shares))
+    lines += [""] + header(["Operation", *whos], 1)
+    for operation, by in others.items():
+        lines.append(row([operation] + [short(by[who]) if who in by else "" for who in whos]))
+    return lines
+
+
 def uuid_table(times):
     operations = {}
     for name, time in times.items():
@@ -134,7 +160,7 @@ def load_section(times, library):
 
 def machine(context):
     """One sentence on where the numbers come from."""
-    peers = [f"{name} {context[name]}" for name in ("ICU",) if name in context]
+    peers = [f"{name} {context[name]}" for name in ("ICU", "GMP", "Boost") if name in context]
     peers += [context["C library"]] if "C library" in context else []
     sentence = (f"Measured on {context['date'][:10]}: {context.get('processor', 'unknown')}, "
                 f"{context['num_cpus']} cores at {context['mhz_per_cpu']} MHz; "
@@ -143,11 +169,15 @@ def machine(context):
 
 
 def report(arguments):
-    context, charset_runs = load(arguments.charset_json)
+    charset_context, charset_runs = load(arguments.charset_json)
+    number_context, number_runs = load(arguments.number_json)
+    context = number_context | charset_context
     _, uuid_runs = load(arguments.uuid_json)
     _, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
     lines += charset_sections(best(charset_runs, "bytes_per_second", max))
+    lines += ["### Numbers", "", "Nanoseconds for one.", ""]
+    lines += number_sections(best(number_runs, "cpu_time", min)) + [""]
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
     lines += load_section(best(load_runs, "real_time", min), arguments.library)
@@ -167,6 +197,7 @@ def main():
     parser = argparse.ArgumentParser(description="Tables of the benchmarks' results.")
     parser.add_argument("--write", type=pathlib.Path, metavar="PAGE")
     parser.add_argument("charset_json")
+    parser.add_argument("number_json")
     parser.add_argument("uuid_json")
     parser.add_argument("load_json")
     parser.add_argument("library", help="the shared library, for its size")
