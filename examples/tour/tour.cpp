@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief A walk through the library: text, character sets, errors, UUIDs. Copy what you need.
+/// \brief A walk through the library: text, character sets, errors, numbers, UUIDs. Copy what you
+/// need.
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/coding_error.h"
+#include "orv/liborvxx/number/big_uint.h"
+#include "orv/liborvxx/number/binary16.h"
+#include "orv/liborvxx/number/make_binary.h"
 #include "orv/liborvxx/text/code_points.h"
 #include "orv/liborvxx/text/literals.h"
 #include "orv/liborvxx/uuid/uuid.h"
 
 #include <array>
+#include <iomanip>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -94,6 +99,26 @@ void errors() {
     }
 }
 
+void numbers() {
+    title("Exact numbers");
+    orv::big_uint factorial(1U);
+    for (unsigned i = 2; i <= 30; ++i) {
+        if (const unsigned carry = factorial.multiply(i)) { // what did not fit ...
+            factorial.prepend(carry);                       // ... becomes the top word
+        }
+    }
+    std::cout << "  30! = " << factorial.to_string() << '\n';
+
+    orv::big_uint power;
+    power.set_size(7); // the width comes first, as in a register
+    power.set_bit(200);
+    std::cout << "  2^200 has " << power.ilog10() + 1 << " digits: " << power.to_string() << '\n'
+              << "  123456789 / 10^13 as a double: " << std::nouppercase << std::setprecision(9)
+              << orv::make_double(false, -13, orv::big_uint(123456789U)) << '\n'
+              << "  the nearest half to 1/3: " << std::setprecision(6)
+              << orv::_binary16_to_double(orv::_double_to_binary16(1.0 / 3)) << '\n';
+}
+
 void uuids() {
     title("UUIDs");
     const orv::UUID named = orv::UUID::nameUUIDFromBytes("orvxx", 5);
@@ -116,5 +141,6 @@ int main() {
     wholeTexts();
     slices();
     errors();
+    numbers();
     uuids();
 }
