@@ -206,7 +206,28 @@ STRING_REF = {
     "repetitive": view(5, 0, 30, b"aaaaaaab", b"a" * 40 + b"b"),
 }
 
+
+def numbers(first, second, shift=7):
+    """Two numbers in little-endian bytes, behind the length of the first and the shift."""
+    return len(first).to_bytes(2, "little") + bytes([shift]) + first + second
+
+
+BIG_UINT = {
+    "zeros": b"",
+    "one-by-one": numbers(b"\x01", b"\x01"),
+    "small": numbers(b"\x39\x30", b"\x07", 0),
+    "words": numbers(b"\xff" * 16, b"\xff" * 8, 32),
+    "add-back": numbers(bytes(11) + b"\x80", b"\x01" + bytes(10) + b"\x80", 64),
+    "power-of-ten": numbers((10 ** 77).to_bytes(32, "little"), (10 ** 19).to_bytes(8, "little")),
+    "half-way": numbers((2 ** 54 - 1).to_bytes(7, "little"), b"\x03", 13),
+    "longer-divisor": numbers(b"\x05", b"\xff" * 40, 1),
+    "all-ones-long": numbers(b"\xff" * 700, b"\xff" * 300, 101),
+    "runs-long": numbers((b"\x00" * 40 + b"\xff" * 40) * 8, b"\x00\xff" * 128, 255),
+    "digits-long": numbers((10 ** 1500 - 1).to_bytes(623, "little"), (10 ** 700).to_bytes(291, "little")),
+}
+
 TARGETS = {
+    "fuzz_big_uint": BIG_UINT,
     "fuzz_charset_name": CHARSET_NAME,
     "fuzz_decode": DECODE,
     "fuzz_encode": ENCODE,

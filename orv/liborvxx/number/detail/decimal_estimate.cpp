@@ -5,12 +5,10 @@
 /// All estimates are lower bounds. With w, p and l for what W, P and L estimate:
 ///
 /// 1. 5^(27k) is C <= c < C + 1, and the factor F = 5^r, r < 27, is exact, both with the top bit
-/// set.
-///    P is the floor of C * F / 2^64, so p < (C + 1) * F / 2^64 < P + 1 + 1.
-/// 2. The coefficient's top 128 bits W are w < W + 1. The exact W * P lies below W * P + 2W + P + 2
-/// with
-///    its own bounds, that is, w * p / 2^128 < W * P / 2^128 + 3. L leaves out fractions of three
-///    partial products, each less than 1, so l < L + 6.
+///    set. P is the floor of C * F / 2^64, so p < (C + 1) * F / 2^64 < P + 1 + 1.
+/// 2. The coefficient's top 128 bits W are w < W + 1. The exact product is below
+///    W * P + 2W + P + 2, that is, w * p / 2^128 < W * P / 2^128 + 3. L leaves out fractions of
+///    three partial products, each less than 1, so l < L + 6.
 ///
 /// L has at least 125 bits, so a double leaves 72 bits of it: where these lie 6 or more below one
 /// half, or above it, every number from L to L + 6 rounds alike. (One that carries into the bits
