@@ -144,9 +144,9 @@ def uuid_table(times):
     return lines
 
 
-def load_section(times, library):
+def load_section(context, times, library):
     """What a program pays that links with the library: time to start and end, and size."""
-    lines = ["### Loading", "",
+    lines = ["### Loading", "", machine(context), "",
              "Microseconds from the start of a program to its end that does nothing, and links with:",
              ""]
     lines += header(["Library", "µs"], 1)
@@ -169,18 +169,17 @@ def machine(context):
 
 
 def report(arguments):
-    charset_context, charset_runs = load(arguments.charset_json)
+    context, charset_runs = load(arguments.charset_json)
     number_context, number_runs = load(arguments.number_json)
-    context = number_context | charset_context
     _, uuid_runs = load(arguments.uuid_json)
-    _, load_runs = load(arguments.load_json)
+    load_context, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
     lines += charset_sections(best(charset_runs, "bytes_per_second", max))
-    lines += ["### Numbers", "", "Nanoseconds for one.", ""]
+    lines += ["### Numbers", "", machine(number_context), "", "Nanoseconds for one.", ""]
     lines += number_sections(best(number_runs, "cpu_time", min)) + [""]
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
-    lines += load_section(best(load_runs, "real_time", min), arguments.library)
+    lines += load_section(load_context, best(load_runs, "real_time", min), arguments.library)
     return "\n".join(lines)
 
 
