@@ -37,7 +37,7 @@ constexpr auto EXACT_POW10 = [] {
 // Both operands are exact, so that a single operation rounds correctly.
 template <class Float>
 Float makeNatively(bool negative, int exponent, std::uint64_t coefficient) noexcept {
-    const Float magnitude = static_cast<Float>(coefficient);
+    const auto magnitude = static_cast<Float>(coefficient);
     const Float value = negative ? -magnitude : magnitude;
     return exponent >= 0 ? value * EXACT_POW10<Float>[static_cast<std::size_t>(exponent)]
                          : value / EXACT_POW10<Float>[static_cast<std::size_t>(-exponent)];

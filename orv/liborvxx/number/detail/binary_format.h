@@ -69,7 +69,8 @@ constexpr Float assemble(bool negative, int exponent, std::uint64_t v, bool roun
     using Format = BinaryFormat<Float>;
     using Bits = typename Format::Bits;
     constexpr int FRACTION = Format::PRECISION - 1;
-    const auto field = static_cast<Bits>(exponent - Format::MIN_EXPONENT + 1);
+    const int biased = exponent - Format::MIN_EXPONENT + 1;
+    const auto field = static_cast<Bits>(biased);
     const auto fraction = static_cast<Bits>(v) & ((Bits{1} << FRACTION) - 1);
     return withSign<Float>(negative, (field << FRACTION | fraction) + (roundUp ? 1U : 0U));
 }

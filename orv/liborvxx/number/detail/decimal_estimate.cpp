@@ -179,7 +179,7 @@ std::optional<Float> roundEstimate(bool negative, int exponent, const big_uint& 
     if (cut >= 128) {
         return std::nullopt;
     }
-    const auto shift = static_cast<unsigned>(cut - 64);
+    const unsigned shift = static_cast<unsigned>(cut) % 64; // as cut is from 64 to 127
     const Limb rest = l.high & ((Limb{1} << shift) - 1);
     const Limb half = Limb{1} << (shift - 1);
     if ((rest == half && l.low == 0) || (rest == half - 1 && l.low > ALL_ONES - SLACK)) {

@@ -79,15 +79,13 @@ void divideByTop(Word* q, unsigned qn, Word* u, const LongDivisor& d, Word* scra
 // A quotient of at most as many words as the divisor, both even.
 void divideBlock(Word* q, unsigned qn, Word* u, const LongDivisor& d, Word* scratch) noexcept {
     assert(qn <= d.n);
-    if (qn < HALVES_MIN) {
+    // With tops that are equal an estimate by the top would not fit. Next to no number has them.
+    if (qn < HALVES_MIN || (qn < d.n && compare(u + d.n, qn, d.words + (d.n - qn), qn) >= 0)) {
         divideByRows(q, qn, u, d);
     } else if (qn == d.n) {
         const unsigned low = roundUp(qn / 2);
         divideBlock(q + low, qn - low, u + low, d, scratch);
         divideBlock(q, low, u, d, scratch);
-    } else if (compare(u + d.n, qn, d.words + (d.n - qn), qn) >= 0) {
-        // Equal: the estimate would not fit. Next to no number is so.
-        divideByRows(q, qn, u, d);
     } else {
         divideByTop(q, qn, u, d, scratch);
     }
