@@ -33,6 +33,9 @@ public:
         return low + static_cast<int>(below(static_cast<unsigned>(high - low) + 1));
     }
 
+    /// A number of words: mostly a few, at times up to 70.
+    unsigned size() { return 1 + below(below(8) == 0 ? 70 : 6); }
+
     bool coin() { return (bits() & 1U) != 0; }
 
     /// A number of exactly \p size words: random words; long runs of ones and of zeros; all ones;

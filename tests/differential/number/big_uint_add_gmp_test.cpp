@@ -20,15 +20,10 @@ using orvtest::GmpView;
 using orvtest::NumberSource;
 using orvtest::ResultCheck;
 
-// Mostly a few words; at times up to 70.
-unsigned someSize(NumberSource& source) {
-    return 1 + source.below(source.below(8) == 0 ? 70 : 6);
-}
-
 // A size that is the given one or near it, or just any.
 unsigned sizeNear(unsigned size, NumberSource& source) {
     if (source.below(4) == 0) {
-        return someSize(source);
+        return source.size();
     }
     return static_cast<unsigned>(std::max(1, static_cast<int>(size) + source.between(-2, 2)));
 }
@@ -121,7 +116,7 @@ TEST(BigUintAddBesideGmp, GivesTheSumInAnyWidthAndTellsWhetherItFits) {
     AddCheck check;
     const std::size_t count = caseCount(1'200'000);
     for (std::size_t i = 0; i < count; ++i) {
-        ASSERT_NO_FATAL_FAILURE(check(Operands(source, someSize(source))));
+        ASSERT_NO_FATAL_FAILURE(check(Operands(source, source.size())));
     }
     EXPECT_GT(check.fits, count / 10);
     EXPECT_GT(check.lost, count / 10);
@@ -141,7 +136,7 @@ TEST(BigUintAddBesideGmp, AddsInPlaceAsManyWordsAsTheDestinationHas) {
     GmpView a, b;
     mpz_class sum;
     for (std::size_t i = caseCount(300'000); i > 0; --i) {
-        big_uint x = source.number(someSize(source));
+        big_uint x = source.number(source.size());
         const big_uint y = source.number(x.size() + source.below(3));
         big_uint low = y;
         low.set_size(x.size());
@@ -160,7 +155,7 @@ TEST(BigUintAddBesideGmp, AddsAndSubtractsSingleWords) {
     GmpView view;
     mpz_class expected;
     for (std::size_t i = caseCount(200'000); i > 0; --i) {
-        const big_uint before = source.number(someSize(source));
+        const big_uint before = source.number(source.size());
         const std::size_t bits = std::size_t{before.size()} * 32;
         view.set(before);
 
@@ -190,7 +185,7 @@ TEST(BigUintSubtractBesideGmp, TellsWhereTheDifferenceStandsInAnyWidth) {
     SubtractCheck check;
     const std::size_t count = caseCount(1'200'000);
     for (std::size_t i = 0; i < count; ++i) {
-        ASSERT_NO_FATAL_FAILURE(check(Operands(source, someSize(source))));
+        ASSERT_NO_FATAL_FAILURE(check(Operands(source, source.size())));
     }
     for (const std::size_t seen : check.seen) {
         EXPECT_GT(seen, count / 100);
@@ -211,7 +206,7 @@ TEST(BigUintSubtractBesideGmp, SubtractsInPlaceAndLetsTheBorrowRunOn) {
     GmpView a, b;
     mpz_class difference;
     for (std::size_t i = caseCount(300'000); i > 0; --i) {
-        big_uint x = source.number(someSize(source));
+        big_uint x = source.number(source.size());
         big_uint y = source.number(1 + source.below(x.size()));
         if (source.coin()) {
             makeAlike(y, x, source);
@@ -230,7 +225,7 @@ TEST(BigUintCompareBesideGmp, ComparesByValueInAnyWidths) {
     std::array<std::size_t, 3> seen{};
     const std::size_t count = caseCount(600'000);
     for (std::size_t i = 0; i < count; ++i) {
-        const Operands operands(source, someSize(source));
+        const Operands operands(source, source.size());
         const big_uint& a = operands.a;
         const big_uint& b = operands.b;
         x.set(a);

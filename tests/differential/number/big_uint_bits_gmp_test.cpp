@@ -20,10 +20,6 @@ using orvtest::GmpView;
 using orvtest::NumberSource;
 using orvtest::ResultCheck;
 
-unsigned someSize(NumberSource& source) {
-    return 1 + source.below(source.below(8) == 0 ? 70 : 6);
-}
-
 // A bit number within the width, near a word boundary, or somewhat beyond the width.
 unsigned someBit(unsigned size, NumberSource& source) {
     if (source.below(4) == 0) {
@@ -80,9 +76,9 @@ TEST(BigUintShiftBesideGmp, ShiftsRandomNumbers) {
     NumberSource source(2);
     ShiftCheck check;
     for (std::size_t i = caseCount(250'000); i > 0; --i) {
-        const big_uint a = source.number(someSize(source));
+        const big_uint a = source.number(source.size());
         const big_uint dst =
-            source.number(source.coin() ? someSize(source) : a.size() + source.below(2));
+            source.number(source.coin() ? source.size() : a.size() + source.below(2));
         ASSERT_NO_FATAL_FAILURE(check(a, dst, someBit(std::max(a.size(), dst.size()), source)));
     }
 }
@@ -103,7 +99,7 @@ TEST(BigUintShiftBesideGmp, ShiftsByOneBit) {
     ResultCheck result;
     mpz_class expected;
     for (std::size_t i = caseCount(100'000); i > 0; --i) {
-        const big_uint before = source.number(someSize(source));
+        const big_uint before = source.number(source.size());
         a.set(before);
         big_uint x = before;
         x.shift_left();
@@ -146,7 +142,7 @@ TEST(BigUintBitsBesideGmp, FindsAndCountsBits) {
     NumberSource source(5);
     QueryCheck check;
     for (std::size_t i = caseCount(600'000); i > 0; --i) {
-        ASSERT_NO_FATAL_FAILURE(check(source.number(someSize(source))));
+        ASSERT_NO_FATAL_FAILURE(check(source.number(source.size())));
     }
     for (std::size_t i = caseCount(2000); i > 0; --i) {
         ASSERT_NO_FATAL_FAILURE(check(source.numberUpTo(5000)));
@@ -159,7 +155,7 @@ TEST(BigUintBitsBesideGmp, TellsWhatARightShiftThrowsAway) {
     std::array<std::size_t, 4> seen{};
     const std::size_t count = caseCount(600'000);
     for (std::size_t i = 0; i < count; ++i) {
-        const big_uint a = source.number(someSize(source));
+        const big_uint a = source.number(source.size());
         check.view.set(a);
         const int lowest = a.lowest_set_bit();
         const unsigned bits = source.coin()
@@ -180,7 +176,7 @@ TEST(BigUintBitsBesideGmp, AndsAndInvertsTheWordsOfTheDestination) {
     ResultCheck result;
     mpz_class expected;
     for (std::size_t i = caseCount(200'000); i > 0; --i) {
-        const unsigned size = someSize(source);
+        const unsigned size = source.size();
         const big_uint a = source.number(size + source.below(3));
         const big_uint b = source.number(size + source.below(3));
         big_uint dst = source.number(size);

@@ -106,41 +106,38 @@ Sample nextSample(NumberSource& source, unsigned kept, int least, int greatest) 
     return sample;
 }
 
-TEST(PackDecimalIntel, Decimal32IsTheSame) {
-    NumberSource source(41);
+// Compares random samples; \p areEqual takes the library's number, the sample's text and its flags.
+template <class Pack, class Equal>
+void compare(unsigned seed, unsigned digits, int least, int greatest, Pack pack, Equal areEqual) {
+    NumberSource source(seed);
     for (std::size_t i = orvtest::caseCount(400'000); i > 0; --i) {
-        Sample sample = nextSample(source, 7, -101, 90);
+        Sample sample = nextSample(source, digits, least, greatest);
+        const auto packed = pack(sample.negative, sample.exponent, sample.coefficient);
         _IDEC_flags flags = 0;
-        const BID_UINT32 expected = bid32_from_string(sample.text.data(), 0, &flags);
-        const auto packed =
-            orv::pack_decimal32(sample.negative, sample.exponent, sample.coefficient);
-        ASSERT_EQ(packed.record().bits, expected) << sample.text;
+        ASSERT_TRUE(areEqual(packed.record(), sample.text.data(), &flags)) << sample.text;
     }
+}
+
+TEST(PackDecimalIntel, Decimal32IsTheSame) {
+    compare(41, 7, -101, 90, orv::pack_decimal32,
+            [](const ODecimal32& record, char* text, _IDEC_flags* flags) {
+                return record.bits == bid32_from_string(text, 0, flags);
+            });
 }
 
 TEST(PackDecimalIntel, Decimal64IsTheSame) {
-    NumberSource source(42);
-    for (std::size_t i = orvtest::caseCount(400'000); i > 0; --i) {
-        Sample sample = nextSample(source, 16, -398, 369);
-        _IDEC_flags flags = 0;
-        const BID_UINT64 expected = bid64_from_string(sample.text.data(), 0, &flags);
-        const auto packed =
-            orv::pack_decimal64(sample.negative, sample.exponent, sample.coefficient);
-        ASSERT_EQ(packed.record().bits, expected) << sample.text;
-    }
+    compare(42, 16, -398, 369, orv::pack_decimal64,
+            [](const ODecimal64& record, char* text, _IDEC_flags* flags) {
+                return record.bits == bid64_from_string(text, 0, flags);
+            });
 }
 
 TEST(PackDecimalIntel, Decimal128IsTheSame) {
-    NumberSource source(43);
-    for (std::size_t i = orvtest::caseCount(400'000); i > 0; --i) {
-        Sample sample = nextSample(source, 34, -6176, 6111);
-        _IDEC_flags flags = 0;
-        const BID_UINT128 expected = bid128_from_string(sample.text.data(), 0, &flags);
-        const auto packed =
-            orv::pack_decimal128(sample.negative, sample.exponent, sample.coefficient);
-        ASSERT_EQ(packed.record().low, expected.w[0]) << sample.text;
-        ASSERT_EQ(packed.record().high, expected.w[1]) << sample.text;
-    }
+    compare(43, 34, -6176, 6111, orv::pack_decimal128,
+            [](const ODecimal128& record, char* text, _IDEC_flags* flags) {
+                const BID_UINT128 expected = bid128_from_string(text, 0, flags);
+                return record.low == expected.w[0] && record.high == expected.w[1];
+            });
 }
 
 } // namespace

@@ -52,18 +52,27 @@ ORVXX_ALWAYS_INLINE Word subtractBorrow(Word a, Word b, bool& borrow) noexcept {
 }
 /// @}
 
-/// dst = a + b + \p carry, in eight words; \p carry becomes what does not fit.
-ORVXX_ALWAYS_INLINE void addFourLimbs(Word* dst, const Word* a, const Word* b,
-                                      bool& carry) noexcept {
+namespace detail {
+
+template <bool SUBTRACT>
+ORVXX_ALWAYS_INLINE void stepFourLimbs(Word* dst, const Word* a, const Word* b,
+                                       bool& carry) noexcept {
     Limb x0 = load(a), x1 = load(a + 2), x2 = load(a + 4), x3 = load(a + 6);
+    const Limb y0 = load(b), y1 = load(b + 2), y2 = load(b + 4), y3 = load(b + 6);
 #if defined(ORVXX_CARRY_STEPS)
-    ORVXX_CARRY_STEPS("adcq", x0, x1, x2, x3, load(b), load(b + 2), load(b + 4), load(b + 6),
-                      carry);
+    if constexpr (SUBTRACT) {
+        ORVXX_CARRY_STEPS("sbbq", x0, x1, x2, x3, y0, y1, y2, y3, carry);
+    } else {
+        ORVXX_CARRY_STEPS("adcq", x0, x1, x2, x3, y0, y1, y2, y3, carry);
+    }
 #else
-    x0 = addCarry(x0, load(b), carry);
-    x1 = addCarry(x1, load(b + 2), carry);
-    x2 = addCarry(x2, load(b + 4), carry);
-    x3 = addCarry(x3, load(b + 6), carry);
+    const auto step = [&carry](Limb x, Limb y) {
+        return SUBTRACT ? subtractBorrow(x, y, carry) : addCarry(x, y, carry);
+    };
+    x0 = step(x0, y0);
+    x1 = step(x1, y1);
+    x2 = step(x2, y2);
+    x3 = step(x3, y3);
 #endif
     store(dst, x0);
     store(dst + 2, x1);
@@ -71,23 +80,18 @@ ORVXX_ALWAYS_INLINE void addFourLimbs(Word* dst, const Word* a, const Word* b,
     store(dst + 6, x3);
 }
 
+} // namespace detail
+
+/// dst = a + b + \p carry, in eight words; \p carry becomes what does not fit.
+ORVXX_ALWAYS_INLINE void addFourLimbs(Word* dst, const Word* a, const Word* b,
+                                      bool& carry) noexcept {
+    detail::stepFourLimbs<false>(dst, a, b, carry);
+}
+
 /// dst = a - b - \p borrow, in eight words; \p borrow becomes what is missing.
 ORVXX_ALWAYS_INLINE void subtractFourLimbs(Word* dst, const Word* a, const Word* b,
                                            bool& borrow) noexcept {
-    Limb x0 = load(a), x1 = load(a + 2), x2 = load(a + 4), x3 = load(a + 6);
-#if defined(ORVXX_CARRY_STEPS)
-    ORVXX_CARRY_STEPS("sbbq", x0, x1, x2, x3, load(b), load(b + 2), load(b + 4), load(b + 6),
-                      borrow);
-#else
-    x0 = subtractBorrow(x0, load(b), borrow);
-    x1 = subtractBorrow(x1, load(b + 2), borrow);
-    x2 = subtractBorrow(x2, load(b + 4), borrow);
-    x3 = subtractBorrow(x3, load(b + 6), borrow);
-#endif
-    store(dst, x0);
-    store(dst + 2, x1);
-    store(dst + 4, x2);
-    store(dst + 6, x3);
+    detail::stepFourLimbs<true>(dst, a, b, borrow);
 }
 
 } // namespace orv::words
