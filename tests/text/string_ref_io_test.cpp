@@ -3,12 +3,14 @@
 /// \brief Output of views to streams: padding, width, short writes and failing sinks.
 #include "orv/liborvxx/text/string_ref.h"
 
+#include "orv/liborvxx/locale/ctype.h"
 #include "orv/liborvxx/text/literals.h"
 #include "tests/text/text_of.h"
 
 #include <gtest/gtest.h>
 
 #include <iomanip>
+#include <locale>
 #include <ostream>
 #include <sstream>
 #include <stdexcept>
@@ -236,6 +238,53 @@ TEST(StringRefOutputUtf16, PaddingWithoutAFillCharacterSetsBadbitAndWritesNothin
     EXPECT_TRUE(stream.bad());
     EXPECT_EQ(stream.width(), 0);
     EXPECT_TRUE(sink.taken.empty());
+}
+
+// With the facet the stream has what it needs to pad.
+
+const std::locale& localeOfChar16() {
+    static const std::locale made(std::locale::classic(), new std::ctype<char16>);
+    return made;
+}
+
+TEST(StringRefOutputUtf16, PadsWithSpacesWhereTheLocaleHasTheFacet) {
+    const auto padded = [](std::ios_base::fmtflags adjustment) {
+        LimitedSink<char16> sink;
+        std::basic_ostream<char16> stream(&sink);
+        stream.imbue(localeOfChar16());
+        stream.setf(adjustment, std::ios_base::adjustfield);
+        stream.width(5);
+        stream << u"abc"_u << u"d"_u;
+        EXPECT_TRUE(stream.good());
+        EXPECT_EQ(stream.width(), 0);
+        EXPECT_EQ(stream.fill(), u' ');
+        return sink.taken;
+    };
+    EXPECT_EQ(padded({}), u"  abcd"_u);
+    EXPECT_EQ(padded(std::ios_base::right), u"  abcd"_u);
+    EXPECT_EQ(padded(std::ios_base::internal), u"  abcd"_u);
+    EXPECT_EQ(padded(std::ios_base::left), u"abc  d"_u);
+}
+
+TEST(StringRefOutputUtf16, PadsWithTheFillCharacterThatWasSet) {
+    LimitedSink<char16> sink;
+    std::basic_ostream<char16> stream(&sink);
+    stream.imbue(localeOfChar16());
+    EXPECT_EQ(stream.fill(u'\u2022'), u' ');
+    stream.width(4);
+    stream << u"ab"_u;
+    EXPECT_EQ(sink.taken, u"\u2022\u2022ab"_u);
+    EXPECT_EQ(stream.widen('\n'), u'\n');
+    EXPECT_EQ(stream.narrow(u'\u0663', '?'), '3');
+}
+
+TEST(StringRefOutputUtf16, AStreamStringPadsUnderAGlobalLocaleWithTheFacet) {
+    const std::locale before = std::locale::global(localeOfChar16());
+    std::basic_ostringstream<char16> stream;
+    std::locale::global(before);
+    stream.width(3);
+    stream << u"a"_u;
+    EXPECT_EQ(stream.str(), u"  a"_u);
 }
 
 TEST(StringRefOutputUtf16, AShortWriteSetsBadbit) {

@@ -10,19 +10,12 @@ nothing is written: the exit code is 1 if the file is not what the data gives. T
 the same bytes on every run.
 """
 
-import argparse
-import bz2
-import gzip
-import pathlib
-import re
-import sys
+from table_file import REPOSITORY, main, wrap
+from ucd import DataError, read_ranges, read_unicode_data, read_version
 
 CODE_POINTS = 0x110000
 BLOCK_SIZE = 256
-LINE_WIDTH = 100
-REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 DEFAULT_OUTPUT = REPOSITORY / "orv/liborv/unicode/tables/unichar_tables.inc"
-DEFAULT_UCD = pathlib.Path("/usr/share/unicode")
 
 # The numbers of enum OrvUniClass.
 CLASSES = {
@@ -48,57 +41,6 @@ LISTED_PROPERTIES = {
     },
     "PropList.txt": {"White_Space": 1 << 18},
 }
-
-
-class DataError(Exception):
-    """The database is not there, or not as expected."""
-
-
-def read_lines(directory, name):
-    for suffix, opener in (("", open), (".gz", gzip.open), (".bz2", bz2.open)):
-        path = directory / (name + suffix)
-        if path.is_file():
-            with opener(path, "rt", encoding="utf-8") as file:
-                return file.read().splitlines()
-    raise DataError(f"{directory / name}: not found (Debian package: unicode-data)")
-
-
-def read_version(directory):
-    """The version, from the first line of a file that carries it: "# PropList-15.0.0.txt"."""
-    found = set()
-    for name in LISTED_PROPERTIES:
-        match = re.match(r"# \w+-(\d+\.\d+\.\d+)\.txt$", read_lines(directory, name)[0])
-        if not match:
-            raise DataError(f"{directory / name}: the first line names no version")
-        found.add(match.group(1))
-    if len(found) != 1:
-        raise DataError(f"{directory}: files of several versions: {', '.join(sorted(found))}")
-    return found.pop()
-
-
-def read_ranges(directory, name):
-    """Yields (range, value) from the lines "0041..005A ; Value # comment"."""
-    for line in read_lines(directory, name):
-        fields = [field.strip() for field in line.split("#")[0].split(";")]
-        if len(fields) >= 2:
-            first, _, last = fields[0].partition("..")
-            yield range(int(first, 16), int(last or first, 16) + 1), fields[1]
-
-
-def read_unicode_data(directory):
-    """Yields (range, fields) from UnicodeData.txt, a First/Last pair of lines as one range."""
-    first = None
-    for line in read_lines(directory, "UnicodeData.txt"):
-        fields = line.split(";")
-        if len(fields) != 15:
-            raise DataError(f"UnicodeData.txt: not 15 fields: {line}")
-        code_point = int(fields[0], 16)
-        if fields[1].endswith(", First>"):
-            first = code_point
-        elif fields[1].endswith(", Last>"):
-            yield range(first, code_point + 1), fields
-        else:
-            yield range(code_point, code_point + 1), fields
 
 
 def category_properties(category):
@@ -148,16 +90,6 @@ def compress(records):
     return block_of, places, list(record_numbers)
 
 
-def wrap(items):
-    lines, line = [], "   "
-    for item in items:
-        if len(line) + len(item) + 2 > LINE_WIDTH:
-            lines.append(line)
-            line = "   "
-        line += f" {item},"
-    return "\n".join(lines + [line])
-
-
 def integer_array(name, values):
     width = "uint8_t" if max(values) < 0x100 else "uint16_t"
     return (f"static const {width} {name}[{len(values)}] = {{\n"
@@ -170,7 +102,7 @@ def record_array(records):
 
 
 def render(directory):
-    version = read_version(directory)
+    version = read_version(directory, LISTED_PROPERTIES)
     block_of, places, records = compress(read_records(directory))
     header = (
         "// SPDX-License-Identifier: Apache-2.0 AND Unicode-DFS-2016\n"
@@ -187,25 +119,5 @@ def render(directory):
         "// The record of each place in each block.\n" + integer_array("unicharPlaces", places)])
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("ucd", nargs="?", type=pathlib.Path, default=DEFAULT_UCD)
-    parser.add_argument("--output", type=pathlib.Path, default=DEFAULT_OUTPUT)
-    parser.add_argument("--check", action="store_true")
-    arguments = parser.parse_args()
-    try:
-        text = render(arguments.ucd).encode("ascii")
-    except DataError as error:
-        sys.exit(f"generate_unichar_tables.py: {error}")
-    if not arguments.check:
-        arguments.output.write_bytes(text)
-        return
-    if not arguments.output.is_file():
-        sys.exit(f"{arguments.output}: missing; run tools/unicode/generate_unichar_tables.py")
-    if arguments.output.read_bytes() != text:
-        sys.exit(f"{arguments.output}: differs from what {arguments.ucd} gives; "
-                 "run tools/unicode/generate_unichar_tables.py and look at the difference")
-
-
 if __name__ == "__main__":
-    main()
+    main("generate_unichar_tables.py", __doc__.splitlines()[0], DEFAULT_OUTPUT, render)

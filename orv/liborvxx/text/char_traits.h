@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief `std::char_traits<char16>`, on which `ustring` and the streams over `char16` stand.
+///
+/// A stream over `char16` needs the facets of locale/ctype.h too: without them it does not compile,
+/// rather than that it is made of the standard library's general templates.
 #ifndef ORV_LIBORVXX_TEXT_CHAR_TRAITS_H
 #define ORV_LIBORVXX_TEXT_CHAR_TRAITS_H
 
@@ -140,5 +143,9 @@ struct std::char_traits<orv::char16> {
         return x == eof() ? int_type(u'\0') : x;
     }
 };
+
+// Declared before a stream over char16 can be made with the general template.
+template <>
+class std::ctype<orv::char16>;
 
 #endif

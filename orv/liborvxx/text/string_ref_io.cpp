@@ -3,6 +3,8 @@
 /// \brief Stream output of views.
 #include "orv/liborvxx/text/string_ref.h"
 
+#include "orv/liborvxx/locale/ctype.h"
+
 #include <ios>
 #include <ostream>
 #include <streambuf>
