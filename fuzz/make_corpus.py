@@ -226,11 +226,47 @@ BIG_UINT = {
     "digits-long": numbers((10 ** 1500 - 1).to_bytes(623, "little"), (10 ** 700).to_bytes(291, "little")),
 }
 
+
+
+def narrow_number(text, radix=10):
+    return bytes([radix, 0]) + text
+
+
+def wide_number(text, radix=10):
+    return bytes([radix, 1]) + utf16(text)
+
+
+NUMBER_TEXT = {
+    "integer": narrow_number(b"1234567 and more"),
+    "integer-limit": narrow_number(b"-9223372036854775808"),
+    "integer-beyond": narrow_number(b"18446744073709551616"),
+    "integer-zeros": narrow_number(b"  +" + b"0" * 30 + b"42"),
+    "prefix-hex": narrow_number(b"0x7fFFffFF", 0),
+    "prefix-alone": narrow_number(b"0xg", 0),
+    "octal": narrow_number(b"0177777777777", 0),
+    "radix-36": narrow_number(b"3w5e11264sgsf", 36),
+    "radix-1": narrow_number(b"0001", 1),
+    "float": narrow_number(b"-12345.678e-9x"),
+    "float-hex": narrow_number(b"0x1.fffffffffffff8p1023"),
+    "float-long": narrow_number(b"0." + b"0" * 30 + b"1234567890" * 5 + b"e31"),
+    "float-tie": narrow_number(b"9007199254740993"),
+    "float-subnormal": narrow_number(b"2.4703282292062327208e-324"),
+    "float-range": narrow_number(b"1.7976931348623159e308"),
+    "float-exponent-long": narrow_number(b"1e0000000001"),
+    "words": narrow_number(b"-iNfInItY_"),
+    "nan": narrow_number(b"nan(1)"),
+    "nul-inside": narrow_number(b"12\x0034"),
+    "wide-scripts": wide_number("\u0661\u0662.\uff15e\u0663"),
+    "wide-space": wide_number("\u00a0\u300012"),
+    "wide-prefix": wide_number("\uff10x\u0661F", 0),
+}
+
 TARGETS = {
     "fuzz_big_uint": BIG_UINT,
     "fuzz_charset_name": CHARSET_NAME,
     "fuzz_decode": DECODE,
     "fuzz_encode": ENCODE,
+    "fuzz_number_text": NUMBER_TEXT,
     "fuzz_roundtrip": ROUNDTRIP,
     "fuzz_string_ref": STRING_REF,
     "fuzz_uuid": UUID,

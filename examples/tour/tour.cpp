@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief A walk through the library: text, character sets, errors, numbers, UUIDs. Copy what you
-/// need.
+/// \brief A walk through the library: text, character sets, errors, numbers and their text,
+/// UUIDs. Copy what you need.
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/coding_error.h"
 #include "orv/liborvxx/number/big_uint.h"
 #include "orv/liborvxx/number/binary16.h"
+#include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/make_binary.h"
+#include "orv/liborvxx/number/number_to_string.h"
+#include "orv/liborvxx/number/string_to_float.h"
+#include "orv/liborvxx/text/char_iterator.h"
 #include "orv/liborvxx/text/code_points.h"
 #include "orv/liborvxx/text/literals.h"
 #include "orv/liborvxx/uuid/uuid.h"
@@ -119,6 +123,19 @@ void numbers() {
               << orv::_binary16_to_double(orv::_double_to_binary16(1.0 / 3)) << '\n';
 }
 
+void numberText() {
+    title("Numbers from text and to text, in every locale alike");
+    // A cursor stands behind each number that was read.
+    orv::BasicCharIterator<orv::char16> cursor(u"6.02214076e23 0x1p-1074 \u0661\u0662.5 mole"_u);
+    for (int i = 0; i < 3; ++i) {
+        std::cout << "  " << orv::to_string_c(orv::stod_c(cursor)) << '\n';
+    }
+    // What is no number is a status, where an exception would be too much.
+    const auto refused = orv::from_chars_c<double>(cursor.text().substr(cursor.position()));
+    std::cout << "  \"" << utf8(cursor.text().substr(cursor.position())) << "\" is "
+              << (refused ? "a number" : "none") << '\n';
+}
+
 void uuids() {
     title("UUIDs");
     const orv::UUID named = orv::UUID::nameUUIDFromBytes("orvxx", 5);
@@ -142,5 +159,6 @@ int main() {
     slices();
     errors();
     numbers();
+    numberText();
     uuids();
 }

@@ -30,6 +30,12 @@ Exact numbers
   123456789 / 10^13 as a double: 1.23456789e-05
   the nearest half to 1/3: 0.333252
 
+Numbers from text and to text, in every locale alike
+  6.02214076E23
+  4.9E-324
+  12.5
+  " mole" is none
+
 UUIDs
   of a name: 1d983fa2-e448-3ca9-988f-afcdbc377091, version 3
   parsed again it is the same

@@ -4,15 +4,14 @@
 #include "orv/liborvxx/number/make_binary.h"
 
 #include "orv/liborvxx/number/detail/binary_format.h"
+#include "orv/liborvxx/number/detail/bit_window.h"
 #include "orv/liborvxx/number/detail/decimal_estimate.h"
+#include "orv/liborvxx/number/detail/decimal_to_binary.h"
 #include "orv/liborvxx/number/detail/pack_internal.h"
 #include "orv/liborvxx/number/detail/rounding.h"
 
-#include <array>
 #include <cassert>
-#include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace orv {
 
@@ -20,34 +19,28 @@ namespace detail {
 
 namespace {
 
+using words::Wide;
+
 // Coefficients of so many bits have a logarithm and make no exponent that matters run out of
 // tables.
 constexpr unsigned MAX_ESTIMATED_BITS = 8192;
 
-// The powers of ten that a Float holds exactly.
-template <class Float>
-constexpr auto EXACT_POW10 = [] {
-    std::array<Float, BinaryFormat<Float>::MAX_EXACT_POW10 + 1> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i) {
-        powers[i] = powers[i - 1] * 10;
-    }
-    return powers;
-}();
+// Coefficients of so many bits are worked out without memory: with the exponents of pow10_table.h,
+// and with any. One more bit could not be rounded up.
+constexpr unsigned WIDE_BITS = 127;
+constexpr unsigned WIDE_BITS_FOR_ANY_EXPONENT = 90;
 
-// Both operands are exact, so that a single operation rounds correctly.
-template <class Float>
-Float makeNatively(bool negative, int exponent, std::uint64_t coefficient) noexcept {
-    const auto magnitude = static_cast<Float>(coefficient);
-    const Float value = negative ? -magnitude : magnitude;
-    return exponent >= 0 ? value * EXACT_POW10<Float>[static_cast<std::size_t>(exponent)]
-                         : value / EXACT_POW10<Float>[static_cast<std::size_t>(-exponent)];
+bool isWide(int exponent, unsigned bits) noexcept {
+    return bits <= WIDE_BITS_FOR_ANY_EXPONENT || (bits <= WIDE_BITS && exponent >= MIN_TABLE_POW10);
 }
 
-// How many bits of a coefficient take part when it is divided by a power of ten with the highest
-// bit \p highest: as many as make a quotient of one bit more than a Float, or of two.
-template <class Float>
-constexpr unsigned dividendBits(int highest) noexcept {
-    return static_cast<unsigned>(highest + BinaryFormat<Float>::PRECISION + 1);
+Wide toWide(const big_uint& n) noexcept {
+    return {bitWindow(n, 0), bitWindow(n, 64)};
+}
+
+// The top 128 bits of a number that has more.
+Wide leadingBits(const big_uint& n, unsigned bits) noexcept {
+    return {bitWindow(n, bits - 128), bitWindow(n, bits - 64)};
 }
 
 template <class Float>
@@ -68,7 +61,8 @@ template <class Float>
 Float makeByDivision(bool negative, unsigned exponent, const big_uint& coefficient, unsigned bits) {
     big_uint cache;
     const big_uint& power = big_uint::pow10(exponent, &cache);
-    const unsigned wanted = dividendBits<Float>(power.highest_set_bit());
+    const auto wanted =
+        static_cast<unsigned>(power.highest_set_bit() + BinaryFormat<Float>::PRECISION + 1);
     big_uint dividend = big_uint::make_uninitialized((wanted + 31) / 32);
     if (bits < wanted) {
         dividend.shift_left(coefficient, wanted - bits);
@@ -93,15 +87,16 @@ Float makeByDivision(bool negative, unsigned exponent, const big_uint& coefficie
     return packBinary<Float>(negative, scale, quotient, BinaryFormat<Float>::PRECISION, rounding);
 }
 
-// \p estimable tells that the estimate may be asked.
+// For more than 128 bits. \p estimable tells that the estimate may be asked.
 template <class Float>
 Float scale(bool negative, int exponent, const big_uint& coefficient, bool estimable) {
     const unsigned bits = coefficient.bit_length();
     if (estimable) {
-        const unsigned kept =
-            exponent < 0 ? dividendBits<Float>(floorLog2OfPow10(-exponent)) : bits;
-        if (const auto value = roundEstimate<Float>(negative, exponent, coefficient, bits, kept)) {
-            return *value;
+        const Wide w = cutBits(leadingBits(coefficient, bits), countedBits<Float>(exponent));
+        const FloatBelow below = placeProduct<Float>(w, static_cast<int>(bits) - 1, exponent);
+        if (below.place != Place::UNKNOWN) {
+            return assemble<Float>(negative, below.exponent, below.v,
+                                   below.place == Place::ABOVE_MIDDLE);
         }
     }
     return exponent > 0 ? makeByMultiplication<Float>(negative, static_cast<unsigned>(exponent),
@@ -122,14 +117,12 @@ Float makeBinary(bool negative, int exponent, const big_uint& coefficient, unsig
         return signedZero<Float>(negative);
     }
     const unsigned bits = coefficient.bit_length();
-    if (bits <= Format::PRECISION && exponent >= -Format::MAX_EXACT_POW10 &&
-        exponent <= Format::MAX_EXACT_POW10) {
-        return makeNatively<Float>(negative, exponent, coefficient.to_uint64());
+    if (isWide(exponent, bits)) {
+        return bits <= 64 && rounding == ROUNDING_EXACT
+                   ? makeBinary<Float>(negative, exponent, coefficient.to_uint64())
+                   : makeBinary<Float>(negative, exponent, toWide(coefficient), rounding);
     }
-    if (bits == 0) {
-        return signedZero<Float>(negative);
-    }
-    const bool estimable = bits <= MAX_ESTIMATED_BITS && exponent >= MIN_ESTIMATED_EXPONENT &&
+    const bool estimable = bits <= MAX_ESTIMATED_BITS && exponent >= MIN_TABLE_POW10 &&
                            exponent <= Format::MAX_DECIMAL;
     if (!estimable) { // what the estimate takes comes out the same without this
         const std::int64_t magnitude = std::int64_t{coefficient.ilog10(bits)} + exponent;

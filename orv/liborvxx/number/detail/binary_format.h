@@ -4,11 +4,23 @@
 #ifndef ORV_LIBORVXX_NUMBER_DETAIL_BINARY_FORMAT_H
 #define ORV_LIBORVXX_NUMBER_DETAIL_BINARY_FORMAT_H
 
+#include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
 namespace orv::detail {
+
+/// 10^0 and so on, as long as they are exact.
+template <class Float, std::size_t MAX>
+constexpr auto exactPowersOf10() noexcept {
+    std::array<Float, MAX + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i) {
+        powers[i] = powers[i - 1] * 10;
+    }
+    return powers;
+}
 
 template <class Float>
 struct BinaryFormat;
@@ -22,6 +34,7 @@ struct BinaryFormat<float> {
     static constexpr int MAX_DECIMAL = 38;     ///< 10^39 and more are infinite
     static constexpr int MIN_DECIMAL = -46;    ///< what is less than 10^-46 is zero
     static constexpr int MAX_EXACT_POW10 = 10; ///< 10^10 has 24 bits and zeros
+    static constexpr auto EXACT_POW10 = exactPowersOf10<float, std::size_t{MAX_EXACT_POW10}>();
 };
 
 template <>
@@ -33,6 +46,7 @@ struct BinaryFormat<double> {
     static constexpr int MAX_DECIMAL = 308;
     static constexpr int MIN_DECIMAL = -324;
     static constexpr int MAX_EXACT_POW10 = 22; ///< 10^22 has 52 bits and zeros
+    static constexpr auto EXACT_POW10 = exactPowersOf10<double, std::size_t{MAX_EXACT_POW10}>();
 };
 
 static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559);

@@ -3,6 +3,7 @@
 /// \brief Decimal text of word arrays, in groups of 19 digits.
 #include "orv/liborvxx/number/words/text.h"
 
+#include "orv/liborvxx/number/words/decimal_digits.h"
 #include "orv/liborvxx/number/words/decimal_powers.h"
 #include "orv/liborvxx/number/words/long_division.h"
 #include "orv/liborvxx/number/words/shift.h"
@@ -22,25 +23,6 @@ constexpr unsigned MAX_SHORT = 60;
 template <class Unit>
 constexpr Unit ZERO(static_cast<Unit>('0'));
 
-// The digits of a number below 10^8, each in a byte, the first in the lowest.
-Limb eightDigits(Word value) noexcept {
-    // Two halves of four digits, then four quarters of two. 10486 / 2^20 is 1/100 and 103 / 2^10 is
-    // 1/10, near enough for such numbers.
-    const Limb halves = value / 10000 | Limb{value % 10000} << 32U;
-    const Limb hundreds = halves * 10486 >> 20U & 0x0000007F0000007FU;
-    const Limb quarters = hundreds | (halves - hundreds * 100) << 16U;
-    const Limb tens = quarters * 103 >> 10U & 0x000F000F000F000FU;
-    return tens | (quarters - tens * 10) << 8U;
-}
-
-template <class Unit>
-ORVXX_ALWAYS_INLINE void writeEight(Unit* text, Word value) noexcept {
-    const Limb digits = eightDigits(value) + 0x3030303030303030U;
-    for (unsigned i = 0; i < 8; ++i) {
-        text[i] = static_cast<Unit>(static_cast<char>(digits >> 8 * i & 0xFFU));
-    }
-}
-
 // Writes all 19 digits.
 template <class Unit>
 void writeGroup(Unit* text, Limb value) noexcept {
@@ -52,19 +34,6 @@ void writeGroup(Unit* text, Limb value) noexcept {
     text[2] = static_cast<Unit>(static_cast<char>('0' + high % 10));
     writeEight(text + 3, static_cast<Word>(value / 100000000));
     writeEight(text + 11, static_cast<Word>(value % 100000000));
-}
-
-// Writes the low digits of any limb.
-template <class Unit>
-void writeLimb(Unit* text, std::size_t digits, Limb value) noexcept {
-    for (; digits >= 8; digits -= 8) {
-        writeEight(text + digits - 8, static_cast<Word>(value % 100000000));
-        value /= 100000000;
-    }
-    while (digits > 0) {
-        text[--digits] = static_cast<Unit>(static_cast<char>('0' + value % 10));
-        value /= 10;
-    }
 }
 
 // Divides n words Count times by 10^19, in one pass: a division waits for the one before in the
@@ -112,7 +81,7 @@ void writeShort(Unit* text, std::size_t digits, Word* p, unsigned n) noexcept {
             digits -= DECIMAL_GROUP_DIGITS;
         }
     }
-    writeLimb(text, digits, n == 0 ? 0 : load(p));
+    writeDigits(text, digits, n == 0 ? 0 : load(p));
 }
 
 // The number in p is divided by the power of about half its digits; the quotient makes the upper
