@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
-    bench_report.py [--write PAGE] charset.json number.json uuid.json load.json liborvxx.so
+    bench_report.py [--write PAGE] charset.json number.json number_text.json uuid.json load.json \
+        liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -132,6 +133,33 @@ def number_sections(times):
     return lines
 
 
+# Columns of reading and of writing; the last ones are the peers that ratios are told for.
+TEXT_COLUMNS = {
+    "read": (["orvxx", "orvxx char16", "orvxx strtod_c", "strtod", "strtoll", "std", "fast_float",
+              "double-conversion"], ["strtod", "strtoll", "std", "fast_float"]),
+    "write": (["orvxx", "orvxx char16", "orvxx to_string_c", "snprintf", "std",
+               "double-conversion"], ["snprintf", "std", "double-conversion"]),
+}
+
+
+def number_text_sections(times):
+    """Reading and writing, a row for each set of numbers and a column for each contestant."""
+    lines = []
+    for operation, (whos, peers) in TEXT_COLUMNS.items():
+        sets = {}
+        for name, time in times.items():
+            what, numbers, who = name.split("/")
+            if what == operation:
+                sets.setdefault(numbers, {})[who] = time
+        lines += header([operation.capitalize(), *whos] + [f"times {peer}" for peer in peers], 1)
+        for numbers, by in sets.items():
+            shares = [f"{by['orvxx'] / by[peer]:.2f}" if peer in by else "" for peer in peers]
+            lines.append(row([numbers] + [short(by[who]) if who in by else "" for who in whos]
+                             + shares))
+        lines.append("")
+    return lines
+
+
 def uuid_table(times):
     operations = {}
     for name, time in times.items():
@@ -171,12 +199,17 @@ def machine(context):
 def report(arguments):
     context, charset_runs = load(arguments.charset_json)
     number_context, number_runs = load(arguments.number_json)
+    text_context, text_runs = load(arguments.number_text_json)
     _, uuid_runs = load(arguments.uuid_json)
     load_context, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
     lines += charset_sections(best(charset_runs, "bytes_per_second", max))
     lines += ["### Numbers", "", machine(number_context), "", "Nanoseconds for one.", ""]
     lines += number_sections(best(number_runs, "cpu_time", min)) + [""]
+    lines += ["### Number text", "", machine(text_context), "",
+              "Nanoseconds for one. `std` is `std::from_chars` and `std::to_chars`; `snprintf` writes"
+              " `%.17g` and `%lld`.", ""]
+    lines += number_text_sections(best(text_runs, "cpu_time", min))
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
     lines += load_section(load_context, best(load_runs, "real_time", min), arguments.library)
@@ -197,6 +230,7 @@ def main():
     parser.add_argument("--write", type=pathlib.Path, metavar="PAGE")
     parser.add_argument("charset_json")
     parser.add_argument("number_json")
+    parser.add_argument("number_text_json")
     parser.add_argument("uuid_json")
     parser.add_argument("load_json")
     parser.add_argument("library", help="the shared library, for its size")
