@@ -6,9 +6,8 @@
 
 #include <array>
 #include <bit>
-#include <cinttypes>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 namespace bench {
@@ -38,11 +37,11 @@ private:
     std::uint64_t state_;
 };
 
-template <class... Values>
-std::string printed(const char* format, Values... values) {
+// As std::to_chars writes.
+template <class... How>
+std::string printed(How... how) {
     std::array<char, 64> text{};
-    const int length = std::snprintf(text.data(), text.size(), format, values...);
-    return {text.data(), static_cast<std::size_t>(length)};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), how...).ptr};
 }
 
 template <class Make>
@@ -62,7 +61,7 @@ NumberSet<std::int64_t> integers(const char* name, Make make) {
     NumberSet<std::int64_t> set{name, {}, {}, {}};
     for (std::size_t i = 0; i < COUNT; ++i) {
         const std::int64_t value = make();
-        const std::string text = printed("%" PRId64, value);
+        const std::string text = printed(value);
         set.values.push_back(value);
         set.narrow.add(text);
         set.wide.add(text);
@@ -86,15 +85,18 @@ const std::vector<NumberSet<double>>& floatSets() {
         Random random(20);
         std::vector<NumberSet<double>> list;
         list.push_back(floats("coordinates", [&] {
-            return printed("%.15f", random.unit() * 360 - 180); // -65.613616999999977
+            return printed(random.unit() * 360 - 180, std::chars_format::fixed,
+                           15); // -65.613616999999977
         }));
-        list.push_back(floats("17 digits", [&] { return printed("%.16e", anyFinite(random)); }));
+        list.push_back(floats("17 digits", [&] {
+            return printed(anyFinite(random), std::chars_format::scientific, 16);
+        }));
         list.push_back(floats("whole numbers", [&] {
-            return printed("%" PRIu64, random.below(std::uint64_t{1} << random.below(54)));
+            return printed(random.below(std::uint64_t{1} << random.below(54)));
         }));
         list.push_back(floats("money", [&] {
-            return printed("%" PRIu64 ".%02" PRIu64,
-                           random.below(std::uint64_t{1} << random.below(24)), random.below(100));
+            const std::string whole = printed(random.below(std::uint64_t{1} << random.below(24)));
+            return whole + '.' + printed(100 + random.below(100)).substr(1);
         }));
         return list;
     }();

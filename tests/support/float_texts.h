@@ -5,6 +5,7 @@
 #ifndef ORV_TESTS_SUPPORT_FLOAT_TEXTS_H
 #define ORV_TESTS_SUPPORT_FLOAT_TEXTS_H
 
+#include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/to_chars.h"
 #include "tests/support/decimal_text.h"
 
@@ -38,7 +39,8 @@ std::string standardTextOf(Float value) {
     return {text, result.ptr};
 }
 
-/// Whether the text reads back as exactly the value: by its bits, so that -0 is not +0.
+/// Whether the text reads back as exactly the value, by this library and by the standard one: by
+/// its bits, so that -0 is not +0.
 template <class Float>
 bool readsBackAs(const std::string& text, Float value) {
     Float read{};
@@ -52,8 +54,10 @@ bool readsBackAs(const std::string& text, Float value) {
             read = std::strtod(text.c_str(), nullptr);
         }
     }
-    return result.ptr == end &&
-           std::bit_cast<FloatBitsOf<Float>>(read) == std::bit_cast<FloatBitsOf<Float>>(value);
+    const auto own = orv::from_chars_c<Float>(text);
+    const auto expected = std::bit_cast<FloatBitsOf<Float>>(value);
+    return result.ptr == end && std::bit_cast<FloatBitsOf<Float>>(read) == expected && own &&
+           own.length == text.size() && std::bit_cast<FloatBitsOf<Float>>(own.value) == expected;
 }
 
 /// How the text of a value compares with the standard library's shortest one.

@@ -25,8 +25,8 @@
 ///   neighbours may give the other one. Numbers with an exponent that cancels the point exactly
 ///   keep the full meaning of these digits.
 /// - `make_double` and `make_float` (make_binary.h) tell how many bits of a coefficient count where
-///   it is divided by a power of ten: 17 digits always do for a double. The same care for a float:
-///   a long text with few digits behind the point may give the neighbour of the nearest one.
+///   it is divided by a power of ten: for a double 17 digits always do, for a float 8. A longer
+///   text with few digits behind the point may give the neighbour of the nearest one.
 /// - Of hexadecimal digits 14 are kept for a double and 6 for a float, which may be 21 bits if the
 ///   first digit is 1: so a float of more digits can come out less precise than it might.
 ///
