@@ -127,6 +127,7 @@ TEST(FloatToChars, WritesHalvesThatReadBack) {
         const std::string text = orvtest::textOf(binary16::from_bits(bits));
         ASSERT_LE(orvtest::decimalOf(text).digits.size(), 5U) << text;
         ASSERT_EQ(binary16(std::strtod(text.c_str(), nullptr)).bits(), bits) << text;
+        ASSERT_EQ(binary16(orv::from_chars_c<double>(text).value).bits(), bits) << text;
     }
 }
 
