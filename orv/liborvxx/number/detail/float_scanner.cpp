@@ -151,29 +151,45 @@ number_status scanDecimal(float_scanner& state, Source& text) noexcept {
     return number_status::ok;
 }
 
+// Takes the hexadecimal digits at the front of \p text, and appends them to \p value, modulo 2^64.
+template <class Source>
+Limb takeHexDigits(Source& text, Limb value) noexcept {
+    for (;;) {
+        const unsigned digit = digitValue<16>(text.unit());
+        if (digit >= 16) {
+            return value;
+        }
+        value = value << 4U | digit;
+        text.step();
+    }
+}
+
 // Behind the prefix.
 template <class Source>
 number_status scanHexadecimal(float_scanner& state, Source& text) noexcept {
+    constexpr std::ptrdiff_t LIMB_HEX_DIGITS = 16;
     const auto* const first = text.position();
-    const auto takeRun = [&text] {
-        const auto* const from = text.position();
-        while (digitValue<16>(text.unit()) < 16) {
-            text.step();
-        }
-        return text.position() - from;
-    };
-    const std::ptrdiff_t whole = takeRun();
+    Limb value = takeHexDigits(text, 0);
+    std::ptrdiff_t count = text.position() - first;
     std::ptrdiff_t fraction = 0;
     if (text.ascii() == '.') {
         text.step();
-        fraction = takeRun();
+        const auto* const point = text.position();
+        value = takeHexDigits(text, value);
+        fraction = text.position() - point;
+        count += fraction;
     }
-    if (whole + fraction == 0) {
+    if (count == 0) {
         return number_status::digit_expected;
     }
+    const std::ptrdiff_t limit = state.max_hex_digits;
     state.radix = 2;
-    const std::ptrdiff_t dropped =
-        keepDigits<16>(state, first, text.position(), whole + fraction, state.max_hex_digits);
+    std::ptrdiff_t dropped = 0;
+    if (count <= std::min(limit, LIMB_HEX_DIGITS)) {
+        state.coefficient = {value, 0};
+    } else {
+        dropped = keepDigits<16>(state, first, text.position(), count, limit);
+    }
     state.exponent = takeExponent(text, 'p', 4 * (dropped - fraction));
     return number_status::ok;
 }
