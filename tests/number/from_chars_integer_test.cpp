@@ -17,7 +17,6 @@ namespace {
 using namespace orv::literals;
 using orv::number_status;
 
-// Not within a template, where Clang 14 would call the literal's operator at run time.
 constexpr orv::ustring_ref SEVEN = u"7"_u;
 
 template <class T>

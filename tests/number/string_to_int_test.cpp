@@ -17,7 +17,6 @@ using orv::char16;
 
 constexpr char DECIMAL[] = "decimal number expected";
 
-// Not within a template, where Clang 14 would call the literal's operator at run time.
 constexpr orv::ustring_ref OTHER_SPACES[] = {u"\u00A05"_u, u"\u30005"_u, u"\u20095"_u,
                                              u"\uFEFF5"_u};
 constexpr orv::ustring_ref ARABIC = u"\u0661\u0662\u0663"_u;

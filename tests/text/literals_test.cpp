@@ -67,4 +67,14 @@ TEST(Literals, LiveAsLongAsTheProgramAtOnePlace) {
     EXPECT_EQ(madeInAFunction().data(), u"outlives the call"_u.data());
 }
 
+template <class Text>
+Text madeInATemplate() {
+    return Text(u"of any type"_u);
+}
+
+TEST(Literals, StandWithinTemplates) {
+    EXPECT_EQ(madeInATemplate<ustring>(), u"of any type"_u);
+    EXPECT_EQ(madeInATemplate<ustring_ref>().data(), u"of any type"_u.data());
+}
+
 } // namespace

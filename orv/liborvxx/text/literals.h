@@ -52,9 +52,11 @@ inline namespace literals {
 /// using namespace orv::literals;
 /// constexpr orv::ustring_ref name = u"UTF-8"_u;
 /// \endcode
-// A reference to a named constant: Clang 14 crashes over a string initialised from a temporary.
+// A reference to a named constant: Clang 14 crashes over a string initialised from a temporary. And
+// constexpr, not consteval: within templates Clang 14 takes a consteval operator for a function to
+// be called, and no file has it.
 template <detail::utf16_literal Literal>
-consteval const ustring_ref& operator""_u() noexcept {
+constexpr const ustring_ref& operator""_u() noexcept {
     return detail::literal_view<Literal>;
 }
 
