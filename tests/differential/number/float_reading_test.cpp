@@ -30,7 +30,7 @@ using orvtest::NumberSource;
 // A text of fixed size: these tests are about millions of numbers.
 class Text {
 public:
-    void print(const char* format, ...) {
+    [[gnu::format(printf, 2, 3)]] void print(const char* format, ...) {
         std::va_list arguments;
         va_start(arguments, format);
         const int n = std::vsnprintf(chars_.data(), chars_.size(), format, arguments);
