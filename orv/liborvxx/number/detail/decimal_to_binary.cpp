@@ -29,7 +29,7 @@ constexpr Wide normalise(const Wide& n, int bits) noexcept {
         return n;
     }
     return shift < 64 ? Wide{n.low << shift, n.high << shift | n.low >> (64 - shift)}
-                      : Wide{0, n.low << (shift - 64)};
+                      : Wide{0, n.low << shift % 64};
 }
 
 constexpr void increment(Wide& n) noexcept {
