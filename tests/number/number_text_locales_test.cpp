@@ -10,6 +10,7 @@
 #include "orv/liborvxx/number/string_to_float.h"
 #include "orv/liborvxx/number/string_to_int.h"
 #include "orv/liborvxx/number/to_chars.h"
+#include "tests/support/case_count.h"
 #include "tests/support/number_source.h"
 #include "tests/support/text_in.h"
 
@@ -104,7 +105,7 @@ std::vector<std::string> makeTexts() {
                                       "\xC4\xB1nf",
                                       "\xDB\xB1\xDB\xB2"};
     orvtest::NumberSource source(21);
-    for (int i = 0; i < 3000; ++i) {
+    for (std::size_t i = orvtest::caseCount(3000); i > 0; --i) {
         std::string text;
         for (unsigned n = 1 + source.below(20); n > 0; --n) {
             text += "00112345678999..,,eE+- 'x"[source.below(25)];
@@ -154,7 +155,7 @@ std::vector<double> makeValues() {
                                   -std::numeric_limits<double>::infinity(),
                                   std::numeric_limits<double>::quiet_NaN()};
     orvtest::NumberSource source(22);
-    for (int i = 0; i < 1500; ++i) {
+    for (std::size_t i = orvtest::caseCount(1500); i > 0; --i) {
         values.push_back(std::bit_cast<double>(source.bits()));
         values.push_back(static_cast<double>(static_cast<std::int64_t>(source.bits()) >> 20) /
                          1000);
