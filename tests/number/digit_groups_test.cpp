@@ -19,9 +19,8 @@ using Units = testing::Types<char, orv::char16>;
 TYPED_TEST_SUITE(DigitGroups, Units);
 
 TYPED_TEST(DigitGroups, TakeEightDigitsAndNothingElse) {
-    if constexpr (std::endian::native != std::endian::little) {
-        GTEST_SKIP() << "digits are taken one by one here";
-    }
+    // Where the first unit lies in the highest byte, digits are taken one by one.
+    constexpr bool TAKES = std::endian::native == std::endian::little;
     constexpr unsigned UNITS = sizeof(TypeParam) == 1 ? 0x100 : 0x10000;
     for (const char other : {'0', '5', '9'}) {
         for (std::size_t place = 0; place < 8; ++place) {
@@ -35,7 +34,7 @@ TYPED_TEST(DigitGroups, TakeEightDigitsAndNothingElse) {
                                (i == place ? unit - '0' : static_cast<unsigned>(other - '0'));
                 }
                 orv::words::Limb value = 0;
-                const bool digit = unit >= '0' && unit <= '9';
+                const bool digit = TAKES && unit >= '0' && unit <= '9';
                 ASSERT_EQ(takeDigitGroup(text.data(), value), digit) << unit << " at " << place;
                 if (digit) {
                     ASSERT_EQ(value, expected) << unit << " at " << place;

@@ -8,6 +8,7 @@
 #include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/string_to_float.h"
 #include "orv/liborvxx/text/char_iterator.h"
+#include "tests/number/status_message.h"
 #include "tests/support/text_in.h"
 #include "tests/support/thrown_message.h"
 
@@ -84,14 +85,6 @@ struct FloatOutcome {
     }
 };
 
-/// What the call throws: the message of the exception that the status stands for, or a text that
-/// matches none.
-template <class Call>
-std::string messageOfFloat(orv::number_status status, Call call) {
-    return status == orv::number_status::out_of_range ? thrownMessage<std::out_of_range>(call)
-                                                      : thrownMessage<std::invalid_argument>(call);
-}
-
 /// The shape of a view agrees with what `from_chars_c` found.
 template <class Name, class CharT>
 void expectFloatViewAgrees(const std::basic_string<CharT>& text,
@@ -104,7 +97,7 @@ void expectFloatViewAgrees(const std::basic_string<CharT>& text,
         EXPECT_EQ(index, read.length);
         EXPECT_EQ(bitsOf(readers.ofView(text, nullptr)), bitsOf(read.value));
     } else {
-        EXPECT_EQ(messageOfFloat(read.status, [&] { readers.ofView(text, &index); }), message);
+        EXPECT_EQ(messageOf(read.status, [&] { readers.ofView(text, &index); }), message);
         EXPECT_EQ(index, 777U) << "a failure leaves the index";
     }
 }
@@ -121,7 +114,7 @@ void expectFloatCursorAgrees(const std::basic_string<CharT>& text,
     if (read) {
         EXPECT_EQ(bitsOf(readers.ofCursor(it)), bitsOf(read.value));
     } else {
-        EXPECT_EQ(messageOfFloat(read.status, [&] { readers.ofCursor(it); }), message);
+        EXPECT_EQ(messageOf(read.status, [&] { readers.ofCursor(it); }), message);
     }
     const std::size_t expected = 3 + (read ? read.length : 0);
     EXPECT_EQ(it.position(), expected);
@@ -148,8 +141,8 @@ FloatOutcome<typename Name::Type> readFloatInShapes(const std::basic_string<Char
     const auto read = orv::from_chars_c<typename Name::Type>(orv::basic_string_ref<CharT>(text));
     std::string message;
     if (!read) {
-        message = messageOfFloat(read.status,
-                                 [&] { Name::template readers<CharT>.ofView(text, nullptr); });
+        message =
+            messageOf(read.status, [&] { Name::template readers<CharT>.ofView(text, nullptr); });
     }
     expectFloatViewAgrees<Name>(text, read, message);
     expectFloatCursorAgrees<Name>(text, read, message);

@@ -7,6 +7,7 @@
 #include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/string_to_int.h"
 #include "orv/liborvxx/text/char_iterator.h"
+#include "tests/number/status_message.h"
 #include "tests/support/text_in.h"
 #include "tests/support/thrown_message.h"
 
@@ -80,14 +81,7 @@ struct IntegerOutcome {
     }
 };
 
-/// What the call throws: the message of an `Error`, or a text that matches none.
-template <class Call>
-std::string messageOf(orv::number_status status, Call call) {
-    return status == orv::number_status::out_of_range ? thrownMessage<std::out_of_range>(call)
-                                                      : thrownMessage<std::invalid_argument>(call);
-}
-
-/// The shape with a status agrees with what `from_chars_c` found.
+/// The shape of a view agrees with what `from_chars_c` found.
 template <class Name, class CharT>
 void expectViewAgrees(const std::basic_string<CharT>& text, int radix,
                       const orv::from_chars_result<typename Name::Type>& read,

@@ -21,7 +21,7 @@ using words::Limb;
 using words::Wide;
 
 constexpr bool isSpace(char unit) noexcept {
-    return unit == ' ' || (unit >= '\t' && unit <= '\r');
+    return isAsciiSpace(unit);
 }
 
 bool isSpace(char16 unit) noexcept {

@@ -32,7 +32,7 @@ ScannedDigits scanDigits(Source& source, int radix) noexcept;
 template <class Source>
 ORVXX_ALWAYS_INLINE bool takeSpaceAndSign(Source& source, bool takesSign) noexcept {
     char c = source.ascii();
-    while (c == ' ' || (c >= '\t' && c <= '\r')) {
+    while (isAsciiSpace(c)) {
         source.step();
         c = source.ascii();
     }

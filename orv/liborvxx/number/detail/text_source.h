@@ -33,6 +33,11 @@ inline char asciiOf(char16 unit) noexcept {
     return digit >= 0 ? static_cast<char>('0' + digit) : '?';
 }
 
+/// White space of ASCII: the blank, and U+0009 to U+000D.
+constexpr bool isAsciiSpace(char unit) noexcept {
+    return unit == ' ' || (unit >= '\t' && unit <= '\r');
+}
+
 /// The text of a view.
 template <class CharT>
 class RangeSource {

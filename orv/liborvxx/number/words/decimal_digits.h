@@ -99,8 +99,8 @@ ORVXX_ALWAYS_INLINE void writeUpToEight(Unit* text, std::size_t count, Limb valu
     if (count < 4) {
         return writeUpToThree(text, count, static_cast<Word>(value % 1000));
     }
-    const Limb digits = (eightDigits(static_cast<Word>(value % 100000000)) + 0x3030303030303030U) >>
-                        (64 - 8 * count);
+    const Limb digits =
+        (eightDigits(static_cast<Word>(value % 100000000)) + EIGHT_ZEROS) >> (64 - 8 * count);
     // The first four and the last four may overlap.
     writeFour(text, digits);
     writeFour(text + count - 4, digits >> (8 * count - 32));
