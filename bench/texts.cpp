@@ -3,29 +3,14 @@
 /// \brief Sentences drawn from word lists.
 #include "bench/texts.h"
 
+#include "bench/chooser.h"
 #include "bench/words.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <random>
 #include <string_view>
-#include <vector>
 
 namespace bench {
 
 namespace {
-
-using Words = std::vector<std::u16string_view>;
-
-Words split(std::u16string_view list) {
-    Words words;
-    while (!list.empty()) {
-        const std::size_t end = std::min(list.find(u' '), list.size());
-        words.push_back(list.substr(0, end));
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
-    return words;
-}
 
 // How the words of a script become sentences.
 struct Style {
@@ -85,22 +70,6 @@ Style styleOf(Script script) {
     }
     return spaced("ASCII", words::ENGLISH);
 }
-
-// Random choices that are the same with every standard library: its distributions are not.
-class Chooser {
-public:
-    unsigned int below(std::size_t n) { return static_cast<unsigned int>(engine_() % n); }
-
-    bool oneIn(unsigned int n) { return n != 0 && below(n) == 0; }
-
-    // Prefers the front of the list, as common words are.
-    std::u16string_view word(const Words& words) {
-        return words[std::min(below(words.size()), below(words.size()))];
-    }
-
-private:
-    std::mt19937 engine_{20240229};
-};
 
 } // namespace
 

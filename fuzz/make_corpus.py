@@ -261,6 +261,76 @@ NUMBER_TEXT = {
     "wide-prefix": wide_number("\uff10x\u0661F", 0),
 }
 
+
+URI_TEXTS = {
+    "whole": "http://me:pw@example.org:8080/a/b%20c?q=1&r=%C3%A9#top",
+    "dots": "s://h/a/./b/../../../c/.",
+    "dots-relative": "../../a/../b:c",
+    "slashes": "s://h//a///b//",
+    "colon": "x/../a:b",
+    "empty-parts": "s://@:/?#",
+    "opaque": "urn:a:b?c",
+    "mail": "mailto:me@example.org",
+    "ipv4": "//192.168.0.1:0080/",
+    "ipv6": "s://[2001:db8::1.2.3.4]:80/",
+    "ipv6-full": "//[1:2:3:4:5:6:7:8]",
+    "ipv6-octet": "//[::1.2.3.256]/",
+    "ipv6-colons": "//[1:::2]/",
+    "ipvfuture": "s://[v1.a:b]/",
+    "escape-bad": "s://a/%4g",
+    "escape-cut": "s://a/%4",
+    "escape-host": "s://%41b%c3%a9/%7e%2f",
+    "escape-malformed": "s://h/%ff%c3x",
+    "space": "s://a b",
+    "bracket": "s://a/[x]",
+    "beyond-ascii": "s://b\u00fccher/\u65e5\u672c?\u03b1#\U0001f600",
+    "lone-surrogate": "a\ud800b",
+    "end-mark": "a\uffffb",
+    "empty": "",
+}
+URI_PAIRS = {
+    "sibling": ("http://a/b/c/d;p?q", "../g?y#s"),
+    "empty": ("http://a/b/c", ""),
+    "fragment": ("http://a/b/c?q", "#s"),
+    "query": ("http://a/b/c", "?y"),
+    "authority": ("http://a/b", "//g/./h"),
+    "absolute": ("http://a/b", "s:x"),
+    "root": ("http://a/b", "/./../g"),
+    "no-path": ("s://a", "d"),
+    "opaque": ("urn:x", "y"),
+    "below": ("s://a/b/", "s://a/b/c/d?q"),
+    "same": ("s://a/b", "S://A:/b#f"),
+    "beside": ("s://a/b", "s://a/bc"),
+    "up": ("a/../../b/", "a/../../b/c:d"),
+    "host-escape": ("s://%41b/", "s://ab/x"),
+    "ports": ("s://a:080/x", "s://a:80/x"),
+    "bad": ("s://a/b", "c d"),
+}
+
+
+def for_normalizing(text):
+    return bytes([1]) + utf16(text) if max(text, default="") > "\xff" else \
+        bytes([0]) + text.encode("latin-1")
+
+
+# All modes: with and without a scheme, ASCII alone or not, from the start or not, narrow or wide.
+URI_PARSE = {f"{name}-{switches}": bytes([switches, 7]) + (utf16(text) if switches & 4 else
+                                                           text.encode("latin-1", "replace"))
+             for name, text in URI_TEXTS.items() for switches in (0, 5, 14)}
+URI_NORMALIZE = {name: for_normalizing(text) for name, text in URI_TEXTS.items()}
+URI_TWO = {name: bytes([0, len(base)]) + (base + other).encode()
+           for name, (base, other) in URI_PAIRS.items()}
+# Each operation in turn, on a text of a few units with pairs of surrogates in it.
+STRING_BUILDER = {
+    "each-operation": b"".join(bytes([1, 0, 0, 5]) + b"ab\xd8\xdcc" + bytes([operation, 1, 3, 3])
+                               + b"xyz" for operation in range(16)),
+    "own-text": bytes([1, 0, 0, 4]) + b"abcd" + b"".join(
+        bytes([operation, 2, 3, 248]) for operation in (1, 2, 7, 9) * 4),
+    "beyond": bytes([1, 0, 0, 2]) + b"ab" + b"".join(
+        bytes([operation, 255, 255, 1]) + b"x" for operation in range(16)),
+    "reverse": bytes([1, 0, 0, 6]) + b"\xd8\xdc\xdc\xd8a\xd8" + bytes([12, 0, 0]) * 3,
+}
+
 TARGETS = {
     "fuzz_big_uint": BIG_UINT,
     "fuzz_charset_name": CHARSET_NAME,
@@ -268,7 +338,12 @@ TARGETS = {
     "fuzz_encode": ENCODE,
     "fuzz_number_text": NUMBER_TEXT,
     "fuzz_roundtrip": ROUNDTRIP,
+    "fuzz_string_builder": STRING_BUILDER,
     "fuzz_string_ref": STRING_REF,
+    "fuzz_uri_normalize": URI_NORMALIZE,
+    "fuzz_uri_parse": URI_PARSE,
+    "fuzz_uri_relativize": URI_TWO,
+    "fuzz_uri_resolve": URI_TWO,
     "fuzz_uuid": UUID,
 }
 

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
-    bench_report.py [--write PAGE] charset.json number.json number_text.json uuid.json load.json \
-        liborvxx.so
+    bench_report.py [--write PAGE] charset.json number.json number_text.json uri.json uuid.json \
+        load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -160,6 +160,32 @@ def number_text_sections(times):
     return lines
 
 
+# Columns of the URI tables by operation; the last ones are the peers that ratios are told for.
+URI_COLUMNS = {
+    "parse": (["orvxx", "orvxx parser", "Boost", "Boost view", "uriparser"],
+              ["Boost", "Boost view", "uriparser"]),
+    "others": (["orvxx", "Boost", "uriparser", "std::string_view"], ["Boost", "uriparser"]),
+}
+
+
+def uri_sections(times):
+    """Parsing with a column for each form of a result, then the other operations."""
+    tables = {"parse": {}, "others": {}}
+    for name, time in times.items():
+        operation, texts, who = name.split("/")
+        kind = operation if operation in tables else "others"
+        tables[kind].setdefault(f"{operation}, {texts}", {})[who] = time
+    lines = []
+    for kind, (whos, peers) in URI_COLUMNS.items():
+        lines += header(["Operation", *whos] + [f"times {peer}" for peer in peers], 1)
+        for operation, by in tables[kind].items():
+            shares = [f"{by['orvxx'] / by[peer]:.2f}" if peer in by else "" for peer in peers]
+            lines.append(row([operation] + [short(by[who]) if who in by else "" for who in whos]
+                             + shares))
+        lines.append("")
+    return lines
+
+
 def uuid_table(times):
     operations = {}
     for name, time in times.items():
@@ -188,7 +214,8 @@ def load_section(context, times, library):
 
 def machine(context):
     """One sentence on where the numbers come from."""
-    peers = [f"{name} {context[name]}" for name in ("ICU", "GMP", "Boost") if name in context]
+    peers = [f"{name} {context[name]}" for name in ("ICU", "GMP", "Boost", "uriparser")
+             if name in context]
     peers += [context["C library"]] if "C library" in context else []
     sentence = (f"Measured on {context['date'][:10]}: {context.get('processor', 'unknown')}, "
                 f"{context['num_cpus']} cores at {context['mhz_per_cpu']} MHz; "
@@ -200,6 +227,7 @@ def report(arguments):
     context, charset_runs = load(arguments.charset_json)
     number_context, number_runs = load(arguments.number_json)
     text_context, text_runs = load(arguments.number_text_json)
+    uri_context, uri_runs = load(arguments.uri_json)
     _, uuid_runs = load(arguments.uuid_json)
     load_context, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
@@ -210,6 +238,8 @@ def report(arguments):
               "Nanoseconds for one. `std` is `std::from_chars` and `std::to_chars`; `snprintf` writes"
               " `%.17g` and `%lld`.", ""]
     lines += number_text_sections(best(text_runs, "cpu_time", min))
+    lines += ["### URIs", "", machine(uri_context), "", "Nanoseconds for one.", ""]
+    lines += uri_sections(best(uri_runs, "cpu_time", min))
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
     lines += load_section(load_context, best(load_runs, "real_time", min), arguments.library)
@@ -231,6 +261,7 @@ def main():
     parser.add_argument("charset_json")
     parser.add_argument("number_json")
     parser.add_argument("number_text_json")
+    parser.add_argument("uri_json")
     parser.add_argument("uuid_json")
     parser.add_argument("load_json")
     parser.add_argument("library", help="the shared library, for its size")

@@ -11,7 +11,7 @@
 }
 
 # A trait of the standard library that is specialised is no variable of ours.
-/^template <typename CharT>$/ {
+/^template <(typename CharT)?>$/ {
     N
     s/^.*\n.*(enable_borrowed_range|enable_view)<.*$/\n/
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief A walk through the library: text, character sets, errors, numbers and their text,
-/// UUIDs. Copy what you need.
+/// URIs, UUIDs. Copy what you need.
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/coding_error.h"
+#include "orv/liborvxx/net/uri.h"
 #include "orv/liborvxx/number/big_uint.h"
 #include "orv/liborvxx/number/binary16.h"
 #include "orv/liborvxx/number/from_chars.h"
@@ -13,6 +14,7 @@
 #include "orv/liborvxx/text/char_iterator.h"
 #include "orv/liborvxx/text/code_points.h"
 #include "orv/liborvxx/text/literals.h"
+#include "orv/liborvxx/text/string_builder.h"
 #include "orv/liborvxx/uuid/uuid.h"
 
 #include <array>
@@ -46,6 +48,15 @@ void texts() {
 
     const orv::ustring_ref word = greeting.substr(0, greeting.find(u',')); // a view: no copy
     std::cout << "  the first word: " << utf8(word) << '\n';
+}
+
+void builder() {
+    title("Text under construction");
+    orv::StringBuilder text;
+    text.append(u"pi is "_u).append(3.14159).append(u'!').insert(0, true).insert(4, u": "_u);
+    std::cout << "  " << utf8(text.get()) << '\n';
+    text.deleteChars(0, text.indexOf(u"pi"_u)).reverse();
+    std::cout << "  " << utf8(text.get()) << '\n';
 }
 
 void wholeTexts() {
@@ -136,6 +147,24 @@ void numberText() {
               << (refused ? "a number" : "none") << '\n';
 }
 
+void uris() {
+    title("URIs: parse, take apart, resolve, compare");
+    using orv::net::URI;
+    const auto uri = URI::create(u"http://example.org/caf%C3%A9/menü?size=XL&q=a+b#top"_u);
+    std::cout << "  in ASCII: " << utf8(uri->toASCIIString()) << "\n  segments:";
+    for (const orv::net::EncodedText segment : uri->pathSegments()) { // views, no allocation
+        std::cout << ' ' << utf8(segment.decoded());
+    }
+    std::cout << "\n  size: " << utf8(uri->queryParameters().find(u"size"_u).raw()) << '\n'
+              << "  a neighbour: " << utf8(uri->resolve(u"../images/"_u)->toString()) << '\n'
+              << "  scheme and host match in any case: " << std::boolalpha
+              << (uri == URI::create(u"HTTP://EXAMPLE.ORG/caf%c3%a9/menü?size=XL&q=a+b#top"_u))
+              << '\n';
+    // Bad text is a result, where an exception would be too much.
+    const auto refused = URI::tryCreate(u"http://[::1.2.3.256]/"_u);
+    std::cout << "  " << std::string_view(refused.reason) << ", index " << refused.index << '\n';
+}
+
 void uuids() {
     title("UUIDs");
     const orv::UUID named = orv::UUID::nameUUIDFromBytes("orvxx", 5);
@@ -155,10 +184,12 @@ void uuids() {
 int main() {
     std::cout << "A tour of orvxx";
     texts();
+    builder();
     wholeTexts();
     slices();
     errors();
     numbers();
     numberText();
+    uris();
     uuids();
 }

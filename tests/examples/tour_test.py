@@ -10,6 +10,10 @@ Text is UTF-16: views, strings, code points
   19 units, 18 code points
   the first word: Καλημέρα
 
+Text under construction
+  true: pi is 3.14159!
+  !95141.3 si ip
+
 Bytes to text and back, at once
   ISO-8859-1: Maís, grüß dich
   US-ASCII: Ma?s, gr?? dich
@@ -35,6 +39,14 @@ Numbers from text and to text, in every locale alike
   4.9E-324
   12.5
   " mole" is none
+
+URIs: parse, take apart, resolve, compare
+  in ASCII: http://example.org/caf%C3%A9/men%C3%BC?size=XL&q=a+b#top
+  segments: café menü
+  size: XL
+  a neighbour: http://example.org/images/
+  scheme and host match in any case: true
+  value greater than 255, index 18
 
 UUIDs
   of a name: 1d983fa2-e448-3ca9-988f-afcdbc377091, version 3

@@ -6,6 +6,7 @@
 #include "orv/liborvxx/number/detail/publish_once.h"
 
 #include "tests/support/case_count.h"
+#include "tests/support/in_all_threads.h"
 
 #include <gtest/gtest.h>
 
@@ -16,31 +17,14 @@
 #include <cstddef>
 #include <memory>
 #include <set>
-#include <thread>
 #include <vector>
 
 namespace {
 
 using orv::big_binary;
 using orv::big_uint;
-
-constexpr std::size_t THREADS = 8;
-
-// Runs the function in all threads, with the thread's number; none starts before all are there.
-template <class Function>
-void inAllThreads(Function function) {
-    std::barrier start(static_cast<std::ptrdiff_t>(THREADS));
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < THREADS; ++i) {
-        threads.emplace_back([&start, &function, i] {
-            start.arrive_and_wait();
-            function(i);
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-}
+using orvtest::inAllThreads;
+using orvtest::THREADS;
 
 // An object that counts itself, and shows whether it is whole.
 class Counted {

@@ -33,6 +33,8 @@ static_assert([] {
     const bool second = it.current() == u'b' && it.position() == 1 && !it.atEnd();
     it.step();
     it.step();
+    it.setPosition(0);
+    it.advance(2);
     return second && it.atEnd() && it.setPosition(0) == u'a' && it.text().size() == 2;
 }());
 
@@ -159,9 +161,14 @@ TYPED_TEST(CharIterator, HoldsTheUnitAtItsPositionAfterAnyWalk) {
     BasicCharIterator<TypeParam> it(text);
     std::size_t expected = 0;
     for (int i = 0; i < 1000; ++i) {
-        if (orvtest::below(random, 3) != 0) {
+        const std::size_t way = orvtest::below(random, 6);
+        if (way < 3) {
             it.step();
             expected += expected < text.size() ? 1U : 0U;
+        } else if (way == 3) {
+            const std::size_t further = orvtest::below(random, text.size() - expected + 1);
+            it.advance(further);
+            expected += further;
         } else {
             expected = orvtest::below(random, text.size() + 1);
             it.setPosition(expected);

@@ -32,7 +32,7 @@ def exported_symbols(nm, library):
 
 def without_template_arguments(name):
     """The name with all that stands between angle brackets taken out, and operators' signs."""
-    name = re.sub(r"operator(\(\)|\[\]|<=>|<<=?|>>=?|->\*?|[-+*/%^&|~!=<>,]=?)", "operator", name)
+    name = re.sub(r"operator(\+\+|--|\(\)|\[\]|<=>|<<=?|>>=?|->\*?|[-+*/%^&|~!=<>,]=?)", "operator", name)
     while True:
         shorter = re.sub(r"<[^<>]*>", "", name)
         if shorter == name:

@@ -7,6 +7,7 @@
 #include "orv/liborvxx/text/char16.h"
 #include "orv/liborvxx/text/string_ref.h"
 
+#include <cassert>
 #include <concepts>
 #include <cstddef>
 #include <stdexcept>
@@ -63,6 +64,14 @@ public:
             position_ = text_.size();
             current_ = END_MARK;
         }
+    }
+
+    /// Goes \p n units further, at most to the end (unchecked): for loops that have looked at those
+    /// units themselves.
+    constexpr void advance(std::size_t n) noexcept {
+        assert(n <= text_.size() - position_);
+        position_ += n;
+        current_ = unitAt(position_);
     }
 
     /// The index of the current unit, from 0 up to and including the length of the text.
