@@ -38,7 +38,8 @@ constexpr bool isAViewToWalkAgain =
     std::ranges::forward_range<Range>&& std::ranges::common_range<Range>&& std::ranges::view<
         Range>&& std::ranges::borrowed_range<Range>&& std::is_trivially_copyable_v<Range>;
 static_assert(isAViewToWalkAgain<PathSegments> && isAViewToWalkAgain<QueryParameters>);
-static_assert(!std::ranges::sized_range<PathSegments> && !std::ranges::sized_range<QueryParameters>);
+static_assert(!std::ranges::sized_range<PathSegments> &&
+              !std::ranges::sized_range<QueryParameters>);
 static_assert(std::is_same_v<std::ranges::range_value_t<PathSegments>, EncodedText> &&
               std::is_same_v<std::ranges::range_value_t<QueryParameters>, QueryParameter>);
 // References are values, so older algorithms must not take the iterators for more than they are.
