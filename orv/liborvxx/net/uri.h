@@ -140,6 +140,9 @@ public:
 
     /// @}
     /// \name Components with their escapes decoded, empty for absent ones
+    ///
+    /// \exception AssertionError "toHexDigit[801]: assertion failed" where a range of a text of
+    /// 65,536 units and more cuts through an escape
     /// @{
 
     ustring getSchemeSpecificPart() const { return URIData::getSchemeSpecificPart(uriText); }
@@ -154,6 +157,8 @@ public:
 
     /// The port as a number, -1 if it is absent or empty.
     /// \exception std::out_of_range as `stoi_c` if it exceeds an `int`
+    /// \exception std::invalid_argument as `stoi_c` where the range of a text of 65,536 units and
+    /// more has wrapped to other units than digits
     int getPort() const;
 
     /// The parts of the raw path between its slashes, as a range of views. No allocation.
@@ -206,6 +211,7 @@ public:
     /// A reference with the path that leads from this URI to \p other, and its query and fragment:
     /// the reverse of `resolve`. Or \p other itself, if it does not lie below this path, has
     /// another scheme or authority, or one of the two is opaque. \p other must not be null.
+    /// \exception AssertionError as `equals`, where hosts with escapes are compared
     gref<URI> relativize(const gref<URI>& other) const;
 
     /// @}
@@ -227,7 +233,8 @@ public:
     /// False for a null \p other.
     bool equals(const gref<URI>& other) const;
 
-    /// Alike for equal URIs. The host plays no part in it; `std::hash` has it. Computed once.
+    /// Alike for equal URIs. The host plays no part in it; `std::hash` has it. Computed once. It
+    /// decodes user info: \exception AssertionError as `getUserInfo`
     std::size_t hashCode() const;
 
     /// @}
