@@ -4,6 +4,7 @@
 /// for the sets without tables, beside the rule of the format.
 #include "orv/liborvxx/charset/charset.h"
 #include "tests/charset/sets/mapping_model.h"
+#include "tests/support/case_count.h"
 #include "tests/support/coding_direction.h"
 
 #include <gtest/gtest.h>
@@ -155,10 +156,17 @@ private:
         GetParam().rule == nullptr ? &GetParam().set.mapping() : nullptr;
 };
 
+// The next code point to look at. Above plane 2 all sets but those of Unicode have nothing but
+// errors, of which sanitizers need not see all.
+char32_t next(char32_t c) {
+    return c < 0x30000 ? c + 1
+                       : std::min<char32_t>(c + orvtest::strideUnderSanitizers(61), 0x110000);
+}
+
 TEST_P(EveryEncoder, AllCodePointsInARowGiveTheirBytesOrTheirError) {
     // A lone surrogate has a letter behind it, lest it pair up with the next one.
     std::vector<char16> text;
-    for (char32_t c = 0; c < 0x110000; ++c) {
+    for (char32_t c = 0; c < 0x110000; c = next(c)) {
         orvtest::appendUnits(c, text);
         if (isSurrogate(c)) {
             text.push_back(u'a');
@@ -169,7 +177,7 @@ TEST_P(EveryEncoder, AllCodePointsInARowGiveTheirBytesOrTheirError) {
     Buffer<const char16> in(text.data(), text.size());
     Buffer<unsigned char> out(bytes.data(), bytes.size());
     std::size_t at = 0;
-    for (char32_t c = 0; c <= 0x110000; ++c) {
+    for (char32_t c = 0;; c = next(c)) {
         // The library goes on to the next error, or to the end.
         CoderResult event;
         if (c < 0x110000) {
@@ -195,6 +203,9 @@ TEST_P(EveryEncoder, AllCodePointsInARowGiveTheirBytesOrTheirError) {
                    << out.position() << " bytes, and not " << orvtest::textOf(event) << " at " << at
                    << " after " << expected.size();
         }
+        if (c == 0x110000) {
+            break;
+        }
         at += event.length;
         in.position(at);
         if (isSurrogate(c)) {
@@ -212,7 +223,7 @@ TEST_P(EveryEncoder, AllCodePointsInARowGiveTheirBytesOrTheirError) {
 TEST_P(EveryEncoder, ACodePointAloneIsJudgedBeforeTheRoom) {
     std::array<char16, 2> units{};
     std::array<unsigned char, 6> bytes{};
-    for (char32_t c = 0; c < 0x110000; ++c) {
+    for (char32_t c = 0; c < 0x110000; c = next(c)) {
         const std::size_t length = c > 0xFFFF ? 2 : 1;
         units[0] = char16(c > 0xFFFF ? 0xD7C0 + (c >> 10) : c);
         units[1] = char16(c > 0xFFFF ? 0xDC00 + (c & 0x3FF) : 0);
