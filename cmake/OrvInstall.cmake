@@ -59,6 +59,7 @@ list(JOIN ORV_PC_CXX_LIBS " " ORV_PC_CXX_LIBS)
 
 if(NOT BUILD_SHARED_LIBS)
     set(ORV_PC_STATIC " -DORV_STATIC")
+    set(ORV_PC_MATH_LIB "-lm")
     set(ORVXX_PC_STATIC " -DORVXX_STATIC")
 endif()
 foreach(name IN ITEMS orv orvxx)

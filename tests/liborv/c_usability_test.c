@@ -1,6 +1,10 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /* The public headers and every function, used from plain C. */
 
+#include "orv/liborv/decimal/arithmetic.h"
+#include "orv/liborv/decimal/compare.h"
+#include "orv/liborv/decimal/convert.h"
+#include "orv/liborv/decimal/decimal.h"
 #include "orv/liborv/platform.h"
 #include "orv/liborv/system/codepage.h"
 #include "orv/liborv/system/error.h"
@@ -57,7 +61,21 @@ static void useSystem(void) {
     CHECK(orvSystemCodeset(codeset, 1) < 0);
 }
 
+static void useDecimals(void) {
+    const ODecimal32 three32 = orvDec32FromInt64(3);
+    const ODecimal64 three64 = orvDec64FromInt64(3);
+    const ODecimal128 three128 = orvDec128FromInt64(3);
+    CHECK(orvDec32ToInt64(orvDec32Add(three32, three32)) == 6);
+    CHECK(orvDec64ToInt64(orvDec64Multiply(three64, three64)) == 9);
+    CHECK(orvDec128ToInt64(orvDec128Subtract(three128, three128)) == 0);
+    CHECK(orvDec64QuietEqual(orvDec32ToDec64(three32), orvDec128ToDec64(three128)));
+    CHECK(orvDec64Compare(three64, orvDec64Negate(three64)) == 1);
+    CHECK(orvDec64Class(three64) == ORV_DEC_POSITIVE_NORMAL);
+    CHECK(orvDec128IsFinite(orvDec128Divide(three128, three128)));
+}
+
 int main(void) {
+    useDecimals();
     useUnicode();
     useUUIDs();
     useSystem();

@@ -38,6 +38,29 @@ typedef struct ODecimal128 {
     uint64_t high; ///< sign, exponent and the upper bits of the coefficient
 } ODecimal128;
 
+/// What a value is, as `orvDec64Class` (compare.h) and its kin tell it.
+typedef enum OrvDecClass {
+    ORV_DEC_SIGNALLING_NAN = 0,
+    ORV_DEC_QUIET_NAN = 1,
+    ORV_DEC_NEGATIVE_INFINITY = 2,
+    ORV_DEC_NEGATIVE_NORMAL = 3,
+    ORV_DEC_NEGATIVE_SUBNORMAL = 4,
+    ORV_DEC_NEGATIVE_ZERO = 5,
+    ORV_DEC_POSITIVE_ZERO = 6,
+    ORV_DEC_POSITIVE_SUBNORMAL = 7,
+    ORV_DEC_POSITIVE_NORMAL = 8,
+    ORV_DEC_POSITIVE_INFINITY = 9
+} OrvDecClass;
+
+/// Where a result goes that lies between two numbers (IEEE 754-2008, 4.3).
+typedef enum OrvDecRounding {
+    ORV_DEC_HALF_EVEN = 0,   ///< the nearest, a tie to the even digit
+    ORV_DEC_FLOOR = 1,       ///< downward
+    ORV_DEC_CEILING = 2,     ///< upward
+    ORV_DEC_TOWARD_ZERO = 3, ///< the digits behind are dropped
+    ORV_DEC_HALF_AWAY = 4    ///< the nearest, a tie away from zero: commercial rounding
+} OrvDecRounding;
+
 ORV_EXTERN_C_END
 
 #endif
