@@ -7,6 +7,7 @@
 /// compared as a whole. The first test makes what comes out under the classic locale.
 #include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/number_to_string.h"
+#include "orv/liborvxx/number/string_to_decimal.h"
 #include "orv/liborvxx/number/string_to_float.h"
 #include "orv/liborvxx/number/string_to_int.h"
 #include "orv/liborvxx/number/to_chars.h"
@@ -180,6 +181,12 @@ public:
     void add(std::int32_t value) { add(static_cast<std::uint64_t>(value)); }
     void add(std::int64_t value) { add(static_cast<std::uint64_t>(value)); }
     void add(std::uint32_t value) { add(std::uint64_t{value}); }
+    void add(const orv::decimal::decimal32& value) { add(value.record().bits); }
+    void add(const orv::decimal::decimal64& value) { add(value.record().bits); }
+    void add(const orv::decimal::decimal128& value) {
+        add(value.record().high);
+        add(value.record().low);
+    }
 
     template <class T>
     void add(const orv::from_chars_result<T>& read) {
@@ -218,6 +225,9 @@ void addWithStatus(Record& record, orv::basic_string_ref<CharT> view) {
     record.add(orv::from_chars_c<float>(view));
     record.add(orv::from_chars_c<double>(view));
     record.add(orv::from_chars_c<long double>(view));
+    record.add(orv::from_chars_c<orv::decimal::decimal32>(view));
+    record.add(orv::from_chars_c<orv::decimal::decimal64>(view));
+    record.add(orv::from_chars_c<orv::decimal::decimal128>(view));
     record.add(orv::from_chars_c<int>(view));
     record.add(orv::from_chars_c<std::int64_t>(view, 0));
     record.add(orv::from_chars_c<unsigned>(view, 16));
@@ -229,6 +239,10 @@ void addThrowing(Record& record, orv::basic_string_ref<CharT> view) {
     record.addCall([=] { return orv::stof_c(view, nullptr); });
     record.addCall([=] { return orv::stod_c(view, nullptr); });
     record.addCall([=] { return orv::stold_c(view, nullptr); });
+    record.addCall([=] { return orv::stod32_c(view); });
+    record.addCall([=] { return orv::stod64_c(view); });
+    record.addCall([=] { return orv::stod128_c(view); });
+    record.addCall([=] { return orv::decimal::decimal64(view); });
     record.addCall([=] { return orv::stoi_c(view); });
     record.addCall([=] { return orv::stol_c(view); });
     record.addCall([=] { return orv::stoll_c(view); });
@@ -247,6 +261,9 @@ void addInC(Record& record, const CharT* text) {
     add(orv::strtof_c(text, &end));
     add(orv::strtod_c(text, &end));
     add(orv::strtold_c(text, &end));
+    add(orv::strtod32_c(text, &end));
+    add(orv::strtod64_c(text, &end));
+    add(orv::strtod128_c(text, &end));
     add(orv::strtoi_c(text, &end));
     add(orv::strtol_c(text, &end, 8));
     add(orv::strtoll_c(text, &end));
@@ -296,6 +313,10 @@ std::string writeAll(const std::vector<double>& values) {
         addWritten(record,
                    orv::binary16(static_cast<float>(std::bit_cast<std::uint64_t>(value) >> 48U)));
         const auto bits = std::bit_cast<std::int64_t>(value);
+        const orv::decimal::decimal64 decimal = ODecimal64{static_cast<std::uint64_t>(bits)};
+        addWritten(record, decimal);
+        addWritten(record, static_cast<orv::decimal::decimal32>(decimal));
+        addWritten(record, orv::decimal::decimal128(decimal));
         addWritten(record, bits);
         addWritten(record, static_cast<std::uint64_t>(bits));
         addWritten(record, static_cast<std::int32_t>(bits));

@@ -30,13 +30,13 @@ std::string text(DecimalNumber number) {
 }
 
 template <class Layout>
-std::string slowText(typename Layout::Bits magnitude) {
+std::string slowText(typename Layout::Bits magnitude, unsigned maxDigits = MOST_DIGITS<Layout>) {
     constexpr int PRECISION = int{Layout::FRACTION_BITS} + 1;
     const BinaryNumber number = binaryNumber<Layout>(magnitude);
     float_digits digits;
     generate_digits(digits, big_binary(number.exponent, big_uint(number.coefficient), PRECISION),
-                    PRECISION, 1 - Layout::BIAS, MOST_DIGITS<Layout>);
-    EXPECT_LE(digits.count, MOST_DIGITS<Layout>);
+                    PRECISION, 1 - Layout::BIAS, maxDigits);
+    EXPECT_LE(digits.count, maxDigits);
     std::string result;
     for (unsigned i = 0; i < digits.count; ++i) {
         result += static_cast<char>('0' + digits.digits[i]);
@@ -55,6 +55,14 @@ void check(typename Layout::Bits magnitude) {
     if (number.coefficient >= 100 && !number.uneven) {
         ASSERT_EQ(text(shortestByProduct(number, MOST_DIGITS<Layout>)), expected)
             << std::hex << magnitude;
+    }
+    for (const unsigned maxDigits : {7U, 16U}) { // those of a decimal32 and of a decimal64
+        const bool isSpecial = number.uneven || number.coefficient < 100;
+        if (maxDigits < MOST_DIGITS<Layout> && (isSpecial || magnitude % 8 == 0)) { // it is slow
+            ASSERT_EQ(text(shortestByDigits(number, maxDigits)),
+                      slowText<Layout>(magnitude, maxDigits))
+                << std::hex << magnitude << " in " << std::dec << maxDigits;
+        }
     }
 }
 

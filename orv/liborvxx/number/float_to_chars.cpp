@@ -5,6 +5,7 @@
 /// The layout is that of detail/format_digits.cpp, written eight digits at a time: all digits that
 /// a type can have are written, and the text ends before the zeros among them.
 #include "orv/liborvxx/number/detail/format_digits.h"
+#include "orv/liborvxx/number/detail/number_layout.h"
 #include "orv/liborvxx/number/detail/shortest_digits.h"
 #include "orv/liborvxx/number/to_chars.h"
 #include "orv/liborvxx/number/words/decimal_digits.h"
@@ -19,6 +20,9 @@ namespace orv {
 
 namespace {
 
+using detail::put;
+using detail::putDigit;
+using detail::writeExponent;
 using words::Limb;
 using words::Word;
 
@@ -68,47 +72,13 @@ ORVXX_ALWAYS_INLINE DigitBytes<DIGITS>::DigitBytes(const detail::DecimalNumber& 
     count = 1 + (last != 0 ? 8 + usedDigits(third) : usedDigits(second));
 }
 
-template <class CharT>
-ORVXX_ALWAYS_INLINE CharT* put(CharT* text, char character) noexcept {
-    *text = static_cast<CharT>(character);
-    return text + 1;
-}
-
-template <class CharT>
-ORVXX_ALWAYS_INLINE CharT* putDigit(CharT* text, unsigned digit) noexcept {
-    return put(text, static_cast<char>('0' + digit));
-}
-
-// 'E', '-' for a negative exponent, and one to three digits.
-template <class CharT>
-ORVXX_ALWAYS_INLINE CharT* writeExponent(CharT* text, int exponent) noexcept {
-    text = put(text, 'E');
-    if (exponent < 0) {
-        text = put(text, '-');
-    }
-    auto magnitude = static_cast<unsigned>(exponent < 0 ? -exponent : exponent);
-    if (magnitude >= 10) {
-        if (magnitude >= 100) {
-            text = putDigit(text, magnitude / 100);
-            magnitude %= 100;
-        }
-        text = putDigit(text, magnitude / 10);
-        magnitude %= 10;
-    }
-    return putDigit(text, magnitude);
-}
-
 // "123.45": the digits, the first eight of them again one place further left, and the point
 // between the two.
 template <unsigned DIGITS, class CharT>
 ORVXX_ALWAYS_INLINE CharT* writeWhole(CharT* text, const DigitBytes<DIGITS>& digits) noexcept {
     digits.writeRest(text + 2);
     const auto whole = static_cast<unsigned>(digits.exponent) + 1; // 7 at most
-    const Limb head = (digits.first | digits.second << 8U) + words::EIGHT_ZEROS;
-    const Limb before = (Limb{1} << 8 * whole) - 1;
-    const Limb point = Limb{'.'} << 8 * whole;
-    const Limb behind = ~(before << 8U | 0xFFU);
-    words::storeEight(text, (head & before) | point | (head << 8U & behind));
+    words::storeEight(text, detail::withPoint(digits.first | digits.second << 8U, whole));
     return text + std::max(digits.count, whole + 1) + 1;
 }
 
@@ -145,22 +115,18 @@ constexpr std::size_t ROOM = MAX_FLOAT_LENGTH;
 template <>
 constexpr std::size_t ROOM<detail::DoubleBits> = MAX_DOUBLE_LENGTH;
 
-template <class CharT>
-CharT* writeFixed(CharT* text, const basic_string_ref<CharT>& fixed) noexcept {
-    return std::copy(fixed.begin(), fixed.end(), text);
-}
-
 template <class Layout, class CharT>
 CharT* writeSpecial(CharT* text, typename Layout::Bits bits) noexcept {
     using Texts = detail::FixedTexts<CharT>;
     const bool negative = Layout::signBit(bits);
     if (Layout::isNan(bits)) {
-        return writeFixed(text, Texts::NOT_A_NUMBER);
+        return detail::writeFixed(text, Texts::NOT_A_NUMBER);
     }
     if (Layout::isInf(bits)) {
-        return writeFixed(text, negative ? Texts::NEGATIVE_INFINITY : Texts::POSITIVE_INFINITY);
+        return detail::writeFixed(text,
+                                  negative ? Texts::NEGATIVE_INFINITY : Texts::POSITIVE_INFINITY);
     }
-    return writeFixed(text, negative ? Texts::NEGATIVE_ZERO : Texts::POSITIVE_ZERO);
+    return detail::writeFixed(text, negative ? Texts::NEGATIVE_ZERO : Texts::POSITIVE_ZERO);
 }
 
 // Writes the text of a value at `text`, where there is ROOM, which may all be written to.

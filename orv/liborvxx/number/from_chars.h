@@ -2,15 +2,17 @@
 /// \file
 /// \brief `from_chars_c`: numbers from text, with a status instead of exceptions.
 ///
-/// The same readers as `stod_c` and `stoi_c` (string_to_float.h and string_to_int.h, which tell the
-/// grammar), for callers that expect bad text as a matter of course. They throw nothing, allocate
-/// nothing, leave `errno` alone and give the same in every locale.
+/// The same readers as `stod_c`, `stod64_c` and `stoi_c` (string_to_float.h, string_to_decimal.h
+/// and string_to_int.h, which tell the grammar), for callers that expect bad text as a matter of
+/// course. They throw nothing, allocate nothing, leave `errno` alone and give the same in every
+/// locale.
 ///
 ///     auto [value, length, status] = orv::from_chars_c<double>("2.5 mm"); // 2.5, 3, ok
 #ifndef ORV_LIBORVXX_NUMBER_FROM_CHARS_H
 #define ORV_LIBORVXX_NUMBER_FROM_CHARS_H
 
 #include "orv/liborvxx/base/platform.h"
+#include "orv/liborvxx/decimal/decimal_fwd.h"
 #include "orv/liborvxx/number/number_status.h"
 #include "orv/liborvxx/text/string_ref.h"
 
@@ -25,7 +27,7 @@ namespace orv {
 template <class T>
 struct from_chars_result {
     /// The number. What does not fit gives the nearest limit (an infinity, or the largest or
-    /// smallest integer); what is no number gives 0.
+    /// smallest integer); what is no number gives 0, as a decimal one with all bits 0.
     T value;
     /// Code units read, white space and sign included, also where the number does not fit; 0 if
     /// there is no number.
@@ -44,6 +46,10 @@ concept ReadableFloat =
     std::same_as<T, float> || std::same_as<T, double> || std::same_as<T, long double>;
 
 template <class T>
+concept ReadableDecimal = std::same_as<T, decimal::decimal32> ||
+    std::same_as<T, decimal::decimal64> || std::same_as<T, decimal::decimal128>;
+
+template <class T>
 concept ReadableInteger = std::same_as<T, int> || std::same_as<T, long> ||
     std::same_as<T, long long> || std::same_as<T, unsigned> || std::same_as<T, unsigned long> ||
     std::same_as<T, unsigned long long>;
@@ -54,6 +60,12 @@ ORVXX_API from_chars_result<float> readFloat(string_ref text) noexcept;
 ORVXX_API from_chars_result<float> readFloat(ustring_ref text) noexcept;
 ORVXX_API from_chars_result<double> readDouble(string_ref text) noexcept;
 ORVXX_API from_chars_result<double> readDouble(ustring_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal32> readDecimal32(string_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal32> readDecimal32(ustring_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal64> readDecimal64(string_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal64> readDecimal64(ustring_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal128> readDecimal128(string_ref text) noexcept;
+ORVXX_API from_chars_result<decimal::decimal128> readDecimal128(ustring_ref text) noexcept;
 ORVXX_API from_chars_result<std::int32_t> readInt32(string_ref text, int radix) noexcept;
 ORVXX_API from_chars_result<std::int32_t> readInt32(ustring_ref text, int radix) noexcept;
 ORVXX_API from_chars_result<std::int64_t> readInt64(string_ref text, int radix) noexcept;
@@ -71,6 +83,17 @@ from_chars_result<T> readFloatAs(basic_string_ref<CharT> text) noexcept {
     } else {
         const auto [value, length, status] = readDouble(text);
         return {value, length, status};
+    }
+}
+
+template <ReadableDecimal T, class CharT>
+from_chars_result<T> readDecimalAs(basic_string_ref<CharT> text) noexcept {
+    if constexpr (std::same_as<T, decimal::decimal32>) {
+        return readDecimal32(text);
+    } else if constexpr (std::same_as<T, decimal::decimal64>) {
+        return readDecimal64(text);
+    } else {
+        return readDecimal128(text);
     }
 }
 
@@ -107,6 +130,21 @@ from_chars_result<T> from_chars_c(string_ref text) noexcept {
 template <detail::ReadableFloat T>
 from_chars_result<T> from_chars_c(ustring_ref text) noexcept {
     return detail::readFloatAs<T>(text);
+}
+
+/// Reads a decimal number (decimal/decimal32.h and so on) from the front of \p text, as `stod64_c`
+/// and its kin do. The rest of the text is left: `length` tells where it begins.
+///
+/// Status: `digit_expected`, `infinity_expected`, `nan_expected`. What is too large is an infinity
+/// and no error.
+template <detail::ReadableDecimal T>
+from_chars_result<T> from_chars_c(string_ref text) noexcept {
+    return detail::readDecimalAs<T>(text);
+}
+/// The same from UTF-16 text, where the decimal digits of every script are digits.
+template <detail::ReadableDecimal T>
+from_chars_result<T> from_chars_c(ustring_ref text) noexcept {
+    return detail::readDecimalAs<T>(text);
 }
 
 /// Reads an integer of any type from `int` up from the front of \p text, as `stoi_c` and its kin

@@ -33,17 +33,11 @@ constexpr const char* NAME<double> = "double";
 
 template <class Float>
 [[noreturn]] void throwFailure(number_status status) {
-    switch (status) {
-    case number_status::infinity_expected:
-        throw std::invalid_argument("'infinity' expected");
-    case number_status::nan_expected:
-        throw std::invalid_argument("'nan' expected");
-    case number_status::out_of_range:
+    if (status == number_status::out_of_range) {
         throw std::out_of_range(std::string("string to ") + NAME<Float> +
                                 " conversion out of range");
-    default:
-        throw std::invalid_argument("decimal digit expected");
     }
+    detail::throwNoNumber(status);
 }
 
 // The general road. A scan sets no radix that its conversion refuses.

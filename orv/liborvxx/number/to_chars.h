@@ -12,6 +12,7 @@
 #define ORV_LIBORVXX_NUMBER_TO_CHARS_H
 
 #include "orv/liborvxx/base/platform.h"
+#include "orv/liborvxx/decimal/decimal_fwd.h"
 #include "orv/liborvxx/number/binary16.h"
 #include "orv/liborvxx/text/char16.h"
 
@@ -24,10 +25,13 @@ namespace orv {
 
 /// \name Room that is enough, in code units
 /// @{
-inline constexpr std::size_t MAX_BINARY16_LENGTH = 10; ///< for any `binary16`
-inline constexpr std::size_t MAX_FLOAT_LENGTH = 15;    ///< for any `float`
-inline constexpr std::size_t MAX_DOUBLE_LENGTH = 24;   ///< for any `double` or `long double`
-inline constexpr std::size_t MAX_INTEGER_LENGTH = 20;  ///< for any integer in radix 10
+inline constexpr std::size_t MAX_BINARY16_LENGTH = 10;   ///< for any `binary16`
+inline constexpr std::size_t MAX_FLOAT_LENGTH = 15;      ///< for any `float`
+inline constexpr std::size_t MAX_DOUBLE_LENGTH = 24;     ///< for any `double` or `long double`
+inline constexpr std::size_t MAX_DECIMAL32_LENGTH = 13;  ///< for any `decimal32`
+inline constexpr std::size_t MAX_DECIMAL64_LENGTH = 23;  ///< for any `decimal64`
+inline constexpr std::size_t MAX_DECIMAL128_LENGTH = 42; ///< for any `decimal128`
+inline constexpr std::size_t MAX_INTEGER_LENGTH = 20;    ///< for any integer in radix 10
 /// @}
 
 /// What `to_chars_c` did.
@@ -86,6 +90,31 @@ ORVXX_API to_chars_result<char16> to_chars_c(char16* first, char16* last, float 
 ORVXX_API to_chars_result<char> to_chars_c(char* first, char* last, binary16 value) noexcept;
 /// Text of at most `MAX_BINARY16_LENGTH` units.
 ORVXX_API to_chars_result<char16> to_chars_c(char16* first, char16* last, binary16 value) noexcept;
+
+/// @}
+/// \name Decimal floating point
+/// Writes all digits of the coefficient into [\p first, \p last), trailing zeros too: the text
+/// tells the exponent. Declared in decimal/decimal32.h and so on are the types.
+/// @{
+
+/// Text of at most `MAX_DECIMAL32_LENGTH` units.
+ORVXX_API to_chars_result<char> to_chars_c(char* first, char* last,
+                                           decimal::decimal32 value) noexcept;
+/// Text of at most `MAX_DECIMAL32_LENGTH` units.
+ORVXX_API to_chars_result<char16> to_chars_c(char16* first, char16* last,
+                                             decimal::decimal32 value) noexcept;
+/// Text of at most `MAX_DECIMAL64_LENGTH` units.
+ORVXX_API to_chars_result<char> to_chars_c(char* first, char* last,
+                                           decimal::decimal64 value) noexcept;
+/// Text of at most `MAX_DECIMAL64_LENGTH` units.
+ORVXX_API to_chars_result<char16> to_chars_c(char16* first, char16* last,
+                                             decimal::decimal64 value) noexcept;
+/// Text of at most `MAX_DECIMAL128_LENGTH` units.
+ORVXX_API to_chars_result<char> to_chars_c(char* first, char* last,
+                                           decimal::decimal128 value) noexcept;
+/// Text of at most `MAX_DECIMAL128_LENGTH` units.
+ORVXX_API to_chars_result<char16> to_chars_c(char16* first, char16* last,
+                                             decimal::decimal128 value) noexcept;
 
 /// @}
 /// \name Integers

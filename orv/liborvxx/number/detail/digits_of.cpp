@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief Values taken apart into `float_digits`.
-#include "orv/liborvxx/number/detail/decimal_format.h"
+#include "orv/liborvxx/number/detail/decimal_fields.h"
 #include "orv/liborvxx/number/detail/float_digits.h"
 #include "orv/liborvxx/number/detail/shortest_digits.h"
 #include "orv/liborvxx/number/words/decimal_digits.h"
@@ -71,49 +71,13 @@ void digitsOf(float_digits& out, typename Layout::Bits bits, unsigned maxDigits)
     generate_digits(out, value, PRECISION, LOWEST_NORMAL, maxDigits);
 }
 
-// The halves of a coefficient and the exponent of its lowest digit.
-struct DecimalFields {
-    Limb high;
-    Limb low;
-    int exponent;
-};
-
-// Coefficients wider than their field are marked by two set bits, which move the exponent.
-template <class Format>
-DecimalFields fieldsOf(typename Format::Bits bits) {
-    using Bits = typename Format::Bits;
-    constexpr int WIDTH = Format::WIDTH;
-    constexpr int FIELD = Format::FIELD;
-    constexpr Bits EXPONENT = (Bits{1} << (WIDTH - 1 - FIELD)) - 1;
-    constexpr Limb MOST = words::POW10_IN_LIMBS[Format::DIGITS] - 1;
-    const bool isWide = (bits >> (WIDTH - 3) & 3U) == 3;
-    const Limb coefficient = isWide ? Limb{1} << FIELD | (bits & ((Bits{1} << (FIELD - 2)) - 1))
-                                    : Limb{bits & ((Bits{1} << FIELD) - 1)};
-    const auto exponent = static_cast<int>(bits >> (isWide ? FIELD - 2 : FIELD) & EXPONENT);
-    return {0, coefficient > MOST ? 0 : coefficient, exponent + Format::MIN_EXPONENT};
-}
-
-// Here all wide coefficients are too large.
-DecimalFields fieldsOf(const ODecimal128& record) {
-    // 10^34
-    constexpr Limb LIMIT_HIGH = 0x0001ED09BEAD87C0;
-    constexpr Limb LIMIT_LOW = 0x378D8E6400000000;
-    constexpr unsigned FIELD = 49;
-    const bool isWide = (record.high >> 61U & 3U) == 3;
-    const auto exponent = static_cast<int>(record.high >> (isWide ? FIELD - 2 : FIELD) & 0x3FFFU) +
-                          DecimalFormat<decimal::decimal128>::MIN_EXPONENT;
-    const Limb high = record.high & ((Limb{1} << FIELD) - 1);
-    const bool isTooLarge =
-        isWide || high > LIMIT_HIGH || (high == LIMIT_HIGH && record.low >= LIMIT_LOW);
-    return isTooLarge ? DecimalFields{0, 0, exponent} : DecimalFields{high, record.low, exponent};
-}
-
 // The coefficient's digits, nine at a time from the end.
 void setDigits(float_digits& out, const DecimalFields& fields) {
     constexpr unsigned GROUP = 9;
+    const auto [low, high] = fields.coefficient;
     std::uint32_t words[] = {
-        static_cast<std::uint32_t>(fields.low), static_cast<std::uint32_t>(fields.low >> 32U),
-        static_cast<std::uint32_t>(fields.high), static_cast<std::uint32_t>(fields.high >> 32U)};
+        static_cast<std::uint32_t>(low), static_cast<std::uint32_t>(low >> 32U),
+        static_cast<std::uint32_t>(high), static_cast<std::uint32_t>(high >> 32U)};
     std::uint32_t groups[4];
     for (std::uint32_t& group : groups) {
         Limb rest = 0;
@@ -140,18 +104,21 @@ void setDigits(float_digits& out, const DecimalFields& fields) {
     out.exponent = fields.exponent + static_cast<int>(out.count) - 1;
 }
 
-// A value with this sign, these top bits behind it, and these fields if it has digits.
-void setDecimal(float_digits& out, bool negative, unsigned topBits, const DecimalFields& fields) {
-    const std::int32_t sign = negative ? -1 : 1;
-    if ((topBits & 0x7CU) == 0x7C) {
+template <class Record>
+void decimalDigitsOf(float_digits& out, const Record& record) {
+    const unsigned topBits = topBitsOf(record);
+    const std::int32_t sign = topBits >> 7U != 0 ? -1 : 1;
+    switch (decimalKind(topBits)) {
+    case DecimalKind::NOT_A_NUMBER:
         return setMarker(out, 0, NAN_MARKER, 10);
-    }
-    if ((topBits & 0x7CU) == 0x78) {
+    case DecimalKind::INFINITE:
         return setMarker(out, sign, INFINITY_MARKER, 10);
+    case DecimalKind::FINITE:
+        break;
     }
     out.sign = sign;
     out.radix = 10;
-    setDigits(out, fields);
+    setDigits(out, fieldsOf(record));
 }
 
 } // namespace
@@ -169,21 +136,15 @@ void digits_of(float_digits& out, double value, unsigned max_digits) {
 }
 
 void digits_of(float_digits& out, const decimal::decimal32& value) noexcept {
-    const std::uint32_t bits = value.record().bits;
-    setDecimal(out, bits >> 31U != 0, bits >> 24U,
-               fieldsOf<DecimalFormat<decimal::decimal32>>(bits));
+    decimalDigitsOf(out, value.record());
 }
 
 void digits_of(float_digits& out, const decimal::decimal64& value) noexcept {
-    const std::uint64_t bits = value.record().bits;
-    setDecimal(out, bits >> 63U != 0, static_cast<unsigned>(bits >> 56U),
-               fieldsOf<DecimalFormat<decimal::decimal64>>(bits));
+    decimalDigitsOf(out, value.record());
 }
 
 void digits_of(float_digits& out, const decimal::decimal128& value) noexcept {
-    const ODecimal128& record = value.record();
-    setDecimal(out, record.high >> 63U != 0, static_cast<unsigned>(record.high >> 56U),
-               fieldsOf(record));
+    decimalDigitsOf(out, value.record());
 }
 
 } // namespace orv::detail

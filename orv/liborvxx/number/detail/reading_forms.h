@@ -1,17 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief What the shapes of the readers of numbers have in common: a cursor that moves, and the
-/// shape of the C library's functions.
+/// \brief What the shapes of the readers of numbers have in common: messages, a cursor that moves,
+/// and the shape of the C library's functions.
 #ifndef ORV_LIBORVXX_NUMBER_DETAIL_READING_FORMS_H
 #define ORV_LIBORVXX_NUMBER_DETAIL_READING_FORMS_H
 
 #include "orv/liborvxx/number/from_chars.h"
+#include "orv/liborvxx/number/number_status.h"
 #include "orv/liborvxx/text/char_iterator.h"
 
 #include <cerrno>
 #include <cstddef>
+#include <stdexcept>
 
 namespace orv::detail {
+
+/// Throws what a text that holds no number deserves.
+/// \exception std::invalid_argument always
+[[noreturn]] inline void throwNoNumber(number_status status) {
+    switch (status) {
+    case number_status::infinity_expected:
+        throw std::invalid_argument("'infinity' expected");
+    case number_status::nan_expected:
+        throw std::invalid_argument("'nan' expected");
+    default:
+        throw std::invalid_argument("decimal digit expected");
+    }
+}
 
 /// Reads from the cursor's position by \p read, of a view and of a pointer for the length read,
 /// and moves the cursor behind the number. A failure that \p read throws leaves the cursor where
