@@ -331,11 +331,68 @@ STRING_BUILDER = {
     "reverse": bytes([1, 0, 0, 6]) + b"\xd8\xdc\xdc\xd8a\xd8" + bytes([12, 0, 0]) * 3,
 }
 
+def decimal_digits(text, point=".", separator=",", mode=4, cut=3):
+    """Text to read digit by digit; mode: 7, 16 or 34 digits, 3 more to skip space."""
+    return bytes([0, ord(point), ord(separator), mode, cut]) + text.encode()
+
+
+def decimal_format(width, conversion, flags, precision, grouping, bits):
+    """A number to write: a width from 0 to 2, and an index in "GEFgef"."""
+    return bytes([1, width, conversion, flags, precision & 0xFF, *grouping]) + bits
+
+
+DECIMAL_TEXT = {
+    "plain": decimal_digits("1234.50"),
+    "groups": decimal_digits("1,234,567.5e-3"),
+    "comma": decimal_digits("1.234,5", ",", "."),
+    "space-and-sign": decimal_digits(" \t-0.00012E+5x"),
+    "many-digits": decimal_digits("1" * 40 + "." + "5" * 40, mode=5, cut=41),
+    "tie": decimal_digits("1.0000005000000000000000000001", mode=3),
+    "subnormal": decimal_digits("12345678901234567e-415"),
+    "beyond": decimal_digits("1e99999999999999999999"),
+    "unfinished": decimal_digits("12e+"),
+    "words": decimal_digits("-infinity and nan"),
+    "cut-word": decimal_digits("infin"),
+    "write-money": decimal_format(1, 2, 0x26, 2, (3, 0), (398 - 2 << 53 | 123456789).to_bytes(8, "big")),
+    "write-all": decimal_format(1, 0, 0, -1, (0, 0), (0x6C7 << 52 | 0x386F26FC0FFFF).to_bytes(8, "big")),
+    "write-scientific": decimal_format(0, 1, 1, 3, (0, 0), bytes.fromhex("32bfffff") + bytes(4)),
+    "write-wide": decimal_format(
+        2, 2, 0x62, 40, (3, 2), (6176 + 20 << 49 | 10 ** 34 - 1 >> 64).to_bytes(8, "big")
+        + (10 ** 34 - 1 & 2 ** 64 - 1).to_bytes(8, "big")),
+    "write-largest": decimal_format(2, 2, 0, 0, (1, 0), bytes.fromhex("5fffed09bead87c0378d8e63ffffffff")),
+    "write-infinity": decimal_format(1, 4, 0, 0, (0, 0), bytes.fromhex("f800000000000000")),
+    "write-nan": decimal_format(0, 1, 1, 0, (0, 0), bytes.fromhex("fc00000100000000")),
+}
+
+
+DECIMAL_NUMBER = {
+    "one": b"\x00" + (6176 << 49).to_bytes(8, "big") + (1).to_bytes(8, "big"),
+    "money": b"\x00" + (398 - 2 << 53 | 1990).to_bytes(8, "big") + bytes(8),
+    "all-digits": b"\x00" + bytes.fromhex("3041ed09bead87c0378d8e63ffffffff"),
+    "too-large": b"\x00" + bytes.fromhex("6c7fffffffffffffffffffffffffffff"),
+    "zero-far": b"\x00" + bytes.fromhex("80000000000000000000000000000000"),
+    "nan": b"\x00" + bytes.fromhex("fe00000000000001") + bytes(8),
+    "double-tenth": b"\x01" + bytes.fromhex("3fb999999999999a"),
+    "double-smallest": b"\x01" + bytes.fromhex("0000000000000001"),
+    "double-long": b"\x01" + bytes.fromhex("400921fb54442d18"),
+    "double-negative-zero": b"\x01" + bytes.fromhex("8000000000000000"),
+    "text": b"\x02 -12345.6700e-3 m",
+    "text-long": b"\x02" + b"0.000" + b"1234567890" * 8 + b"5",
+    "text-exponent": b"\x020e-9999999999",
+    "text-word": b"\x02+iNfinity_",
+    "text-hex": b"\x020x10",
+    "units": b"\x03" + utf16("\u3000\u0661\u0662.\u096be\uff12 "),
+    "units-nan": b"\x03" + utf16("NaN(1)"),
+}
+
+
 TARGETS = {
     "fuzz_big_uint": BIG_UINT,
     "fuzz_charset_name": CHARSET_NAME,
     "fuzz_decode": DECODE,
     "fuzz_encode": ENCODE,
+    "fuzz_decimal_number": DECIMAL_NUMBER,
+    "fuzz_decimal_text": DECIMAL_TEXT,
     "fuzz_number_text": NUMBER_TEXT,
     "fuzz_roundtrip": ROUNDTRIP,
     "fuzz_string_builder": STRING_BUILDER,

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
-    bench_report.py [--write PAGE] charset.json number.json number_text.json uri.json uuid.json \
-        load.json liborvxx.so
+    bench_report.py [--write PAGE] charset.json number.json number_text.json decimal.json uri.json \
+        uuid.json load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -186,6 +186,34 @@ def uri_sections(times):
     return lines
 
 
+# Columns of the decimal tables by operation; Intel's is the peer that a ratio is told for.
+DECIMAL_COLUMNS = {
+    "read": ["orvxx", "orvxx char16", "orvxx strtod", "Intel"],
+    "write": ["orvxx", "orvxx char16", "orvxx to_string_c", "orvxx to_string", "Intel"],
+    "others": ["orvxx", "Intel", "compiler"],
+}
+
+
+def decimal_sections(times):
+    """Arithmetic, then reading and writing: ratios for each of our ways to Intel's."""
+    tables = {"others": {}, "read": {}, "write": {}}
+    for name, time in times.items():
+        operation, numbers, who = name.split("/")
+        kind = operation if operation in tables else "others"
+        tables[kind].setdefault(f"{operation}, {numbers}", {})[who] = time
+    lines = []
+    for kind, table in tables.items():
+        whos = DECIMAL_COLUMNS[kind]
+        own = [who for who in whos if who.startswith("orvxx")]
+        lines += header(["Operation", *whos] + [f"{who}, times Intel" for who in own], 1)
+        for operation, by in table.items():
+            shares = [f"{by[who] / by['Intel']:.2f}" if who in by else "" for who in own]
+            lines.append(row([operation] + [short(by[who]) if who in by else "" for who in whos]
+                             + shares))
+        lines.append("")
+    return lines
+
+
 def uuid_table(times):
     operations = {}
     for name, time in times.items():
@@ -227,6 +255,7 @@ def report(arguments):
     context, charset_runs = load(arguments.charset_json)
     number_context, number_runs = load(arguments.number_json)
     text_context, text_runs = load(arguments.number_text_json)
+    decimal_context, decimal_runs = load(arguments.decimal_json)
     uri_context, uri_runs = load(arguments.uri_json)
     _, uuid_runs = load(arguments.uuid_json)
     load_context, load_runs = load(arguments.load_json)
@@ -238,6 +267,8 @@ def report(arguments):
               "Nanoseconds for one. `std` is `std::from_chars` and `std::to_chars`; `snprintf` writes"
               " `%.17g` and `%lld`.", ""]
     lines += number_text_sections(best(text_runs, "cpu_time", min))
+    lines += ["### Decimals", "", machine(decimal_context), "", "Nanoseconds for one.", ""]
+    lines += decimal_sections(best(decimal_runs, "cpu_time", min))
     lines += ["### URIs", "", machine(uri_context), "", "Nanoseconds for one.", ""]
     lines += uri_sections(best(uri_runs, "cpu_time", min))
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
@@ -261,6 +292,7 @@ def main():
     parser.add_argument("charset_json")
     parser.add_argument("number_json")
     parser.add_argument("number_text_json")
+    parser.add_argument("decimal_json")
     parser.add_argument("uri_json")
     parser.add_argument("uuid_json")
     parser.add_argument("load_json")

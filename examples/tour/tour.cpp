@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief A walk through the library: text, character sets, errors, numbers and their text,
-/// URIs, UUIDs. Copy what you need.
+/// decimals, URIs, UUIDs. Copy what you need.
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/coding_error.h"
+#include "orv/liborvxx/decimal/decimal.h"
 #include "orv/liborvxx/net/uri.h"
 #include "orv/liborvxx/number/big_uint.h"
 #include "orv/liborvxx/number/binary16.h"
@@ -147,6 +148,18 @@ void numberText() {
               << (refused ? "a number" : "none") << '\n';
 }
 
+void decimals() {
+    title("Decimals: what is written with a point is exact");
+    using orv::decimal::decimal64;
+    std::cout << "  0.1 + 0.2 is 0.3: " << std::boolalpha << (0.1_d64 + 0.2_d64 == 0.3_d64)
+              << ", as doubles: " << (0.1 + 0.2 == 0.3) << '\n';
+    const decimal64 net = decimal64("19.90") * 3; // keeps its zero
+    const decimal64 tax = round(net * 0.19_d64, 2);
+    std::cout << "  " << net << " + " << tax << " = " << net + tax << '\n'
+              << "  a third: " << orv::to_string_c(1_d128 / 3) << '\n'
+              << "  the double 0.1 as a person reads it: " << decimal64(0.1) << '\n';
+}
+
 void uris() {
     title("URIs: parse, take apart, resolve, compare");
     using orv::net::URI;
@@ -190,6 +203,7 @@ int main() {
     errors();
     numbers();
     numberText();
+    decimals();
     uris();
     uuids();
 }

@@ -40,6 +40,12 @@ Numbers from text and to text, in every locale alike
   12.5
   " mole" is none
 
+Decimals: what is written with a point is exact
+  0.1 + 0.2 is 0.3: true, as doubles: false
+  59.70 + 11.34 = 71.04
+  a third: 0.3333333333333333333333333333333333
+  the double 0.1 as a person reads it: 0.1
+
 URIs: parse, take apart, resolve, compare
   in ASCII: http://example.org/caf%C3%A9/men%C3%BC?size=XL&q=a+b#top
   segments: café menü

@@ -3,6 +3,8 @@
 /// \brief A program that uses the installed libraries: it fails if an answer is wrong.
 #include "orv/liborvxx/base/error.h"
 #include "orv/liborvxx/charset/charset.h"
+#include "orv/liborvxx/decimal/decimal.h"
+#include "orv/liborvxx/number/number_to_string.h"
 #include "orv/liborvxx/text/code_points.h"
 #include "orv/liborvxx/text/cvtstr.h"
 #include "orv/liborvxx/text/literals.h"
@@ -55,6 +57,12 @@ void useCharsets() {
     check(orv::cvtstr<std::wstring>(orv::ustring_ref(text)) == L"gr\u00FC\u00DF", "cvtstr");
 }
 
+void useDecimals() {
+    const orv::decimal::decimal64 sum = orv::decimal::decimal64("0.10") + 0.2_d64;
+    check(sum == 0.3_d64 && orv::to_string_c(sum) == "0.30", "a sum of decimals and its text");
+    check(sqrt(2_d128) > 1.4142_d128, "arithmetic that the archive leaves to another one");
+}
+
 void useUUIDs() {
     const std::string text = "1b4e28ba-2fa1-41d2-883f-0016d3cca427";
     check(orv::UUID::fromString(text).toString() == text, "text of a UUID");
@@ -73,6 +81,7 @@ void useUUIDs() {
 
 int main() {
     useCharsets();
+    useDecimals();
     useUUIDs();
     return failures == 0 ? 0 : 1;
 }
