@@ -17,6 +17,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -201,7 +202,7 @@ void addReaders(const Texts<Decimal>& set) {
 }
 
 template <class Decimal>
-void addWriters(const Texts<Decimal>& set, int precision) {
+void addWriters(const Texts<Decimal>& set) {
     using Intel = bench::Intel<Decimal>;
     addWriter<char, Decimal, Decimal>(set, "orvxx", [](const Decimal& value, char* text) {
         return static_cast<std::size_t>(orv::to_chars_c(text, text + ROOM, value).end - text);
@@ -213,25 +214,31 @@ void addWriters(const Texts<Decimal>& set, int precision) {
     addWriter<char, Decimal, Decimal>(
         set, "orvxx to_string_c",
         [](const Decimal& value, char* text) { return orv::to_string_c(value).copy(text, ROOM); });
-    addWriter<char, Decimal, Decimal>(set, "orvxx to_string",
-                                      [precision](const Decimal& value, char* text) {
-                                          return to_string(value, precision).copy(text, ROOM);
-                                      });
+    addWriter<char, Decimal, Decimal>(set, "orvxx to_string", [](const Decimal& value, char* text) {
+        const int precision = std::max(0, -quantexp(value));
+        return to_string(value, precision).copy(text, ROOM);
+    });
     addWriter<char, Decimal, typename Intel::Value>(
         set, "Intel", [](const typename Intel::Value& value, char* text) {
             Intel::write(value, text);
             return std::strlen(text);
         });
+    addWriter<char, Decimal, typename Intel::Value>(
+        set, "Intel string", [](const typename Intel::Value& value, char* text) {
+            char buffer[ROOM];
+            Intel::write(value, buffer);
+            return std::string(buffer).copy(text, ROOM);
+        });
 }
 
 // A set for as long as the program runs: the benchmarks refer to it.
 template <class Decimal>
-void addSet(Operands<Decimal> operands, int precision) {
+void addSet(const Operands<Decimal>& operands) {
     static std::vector<std::unique_ptr<Texts<Decimal>>> kept;
     addAllArithmetic(operands);
     kept.push_back(std::make_unique<Texts<Decimal>>(textsOf(operands)));
     addReaders(*kept.back());
-    addWriters(*kept.back(), precision);
+    addWriters(*kept.back());
 }
 
 } // namespace
@@ -242,12 +249,12 @@ int main(int argc, char** argv) {
         return 1;
     }
     bench::addContext();
-    addSet(money<decimal32>("decimal32", 5), 2);
-    addSet(full<decimal32>("decimal32", 7), 8);
-    addSet(money<decimal64>("decimal64", 9), 2);
-    addSet(full<decimal64>("decimal64", 16), 8);
-    addSet(money<decimal128>("decimal128", 15), 2);
-    addSet(full<decimal128>("decimal128", 34), 8);
+    addSet(money<decimal32>("decimal32", 5));
+    addSet(full<decimal32>("decimal32", 7));
+    addSet(money<decimal64>("decimal64", 9));
+    addSet(full<decimal64>("decimal64", 16));
+    addSet(money<decimal128>("decimal128", 15));
+    addSet(full<decimal128>("decimal128", 34));
     if (!allAgree) {
         return 1;
     }

@@ -189,9 +189,15 @@ def uri_sections(times):
 # Columns of the decimal tables by operation; Intel's is the peer that a ratio is told for.
 DECIMAL_COLUMNS = {
     "read": ["orvxx", "orvxx char16", "orvxx strtod", "Intel"],
-    "write": ["orvxx", "orvxx char16", "orvxx to_string_c", "orvxx to_string", "Intel"],
+    "write": ["orvxx", "orvxx char16", "orvxx to_string_c", "orvxx to_string", "Intel",
+              "Intel string"],
     "others": ["orvxx", "Intel", "compiler"],
 }
+
+
+def decimal_peer(who):
+    """What makes a string stands beside a string."""
+    return "Intel string" if "to_string" in who else "Intel"
 
 
 def decimal_sections(times):
@@ -205,9 +211,9 @@ def decimal_sections(times):
     for kind, table in tables.items():
         whos = DECIMAL_COLUMNS[kind]
         own = [who for who in whos if who.startswith("orvxx")]
-        lines += header(["Operation", *whos] + [f"{who}, times Intel" for who in own], 1)
+        lines += header(["Operation", *whos] + [f"{who}, times {decimal_peer(who)}" for who in own], 1)
         for operation, by in table.items():
-            shares = [f"{by[who] / by['Intel']:.2f}" if who in by else "" for who in own]
+            shares = [f"{by[who] / by[decimal_peer(who)]:.2f}" if who in by else "" for who in own]
             lines.append(row([operation] + [short(by[who]) if who in by else "" for who in whos]
                              + shares))
         lines.append("")

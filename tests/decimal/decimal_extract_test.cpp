@@ -39,7 +39,13 @@ constexpr std::ios_base::iostate FAIL = std::ios::failbit;
 constexpr std::ios_base::iostate BAD = std::ios::badbit;
 
 std::string rest(std::istream& is) {
-    return {std::istreambuf_iterator<char>(is.rdbuf()), std::istreambuf_iterator<char>()};
+    std::string text;
+    is.exceptions(GOOD);
+    is.clear();
+    for (char c = '\0'; is.get(c);) {
+        text += c;
+    }
+    return text;
 }
 
 template <class Decimal>

@@ -288,38 +288,47 @@ static inline int32_t plainFraction(const DecimalFormat* format, const DecimalFi
     }
 }
 
-// Writes an everyday number, of up to 8 characters and a point, in one piece.
+// Writes the last \p count of 16 digits at \p at, and something behind them.
+static inline void storeLast(char* at, uint64_t first, uint64_t last, int32_t count) {
+    if (count > 8) {
+        const int32_t shift = 8 * (16 - count);
+        const uint64_t lent = shift == 0 ? 0 : last << (64 - shift);
+        orvStoreEight(at, first >> shift | lent);
+        orvStoreEight(at + 8, last >> shift);
+    } else {
+        orvStoreEight(at, last >> 8 * (8 - count));
+    }
+}
+
+// Writes an everyday number, of up to 16 digits and a point, in two pieces.
 // \return 0 if it is none
 static inline int putShort(Sink* sink, const DecimalFormat* format, const DecimalFields* fields) {
-    enum { MOST = 8 };
-    const uint64_t limit = 100000000;
-    if (fields->high != 0 || fields->low >= limit || fields->exponent > 0 ||
+    enum { MOST = 16 };
+    const uint64_t half = 100000000;
+    if (fields->high != 0 || fields->low >= half * half || fields->exponent > 0 ||
         fields->exponent <= -MOST || format->thousandsSeparator != 0 || format->showPoint ||
-        format->decimalPoint > 0x7F || sink->end - sink->at <= MOST) {
+        format->decimalPoint > 0x7F || sink->end - sink->at <= 2 * MOST) {
         return 0;
     }
-    const int32_t fraction = plainFraction(format, fields, orvDigitCount(fields->low));
-    if (fraction < 0 || fraction >= MOST) {
+    int32_t digits = orvDigitCount(fields->low);
+    const int32_t fraction = plainFraction(format, fields, digits);
+    const int32_t zeros = fraction + fields->exponent; // to be appended
+    if (fraction < 0 || fraction >= MOST || (fields->low != 0 && digits + zeros > MOST)) {
         return 0;
     }
-    const uint64_t number = fields->low * orvPowersOfTen[fraction + fields->exponent];
-    if (number >= limit) {
-        return 0;
+    const uint64_t number = fields->low * orvPowersOfTen[zeros];
+    digits += fields->low == 0 ? 0 : zeros;
+    const int32_t whole = digits > fraction ? digits - fraction : 1;
+    const uint64_t first =
+        number < half ? UINT64_C(0x3030303030303030) : orvEightDigits((uint32_t)(number / half));
+    const uint64_t last = orvEightDigits((uint32_t)(number % half));
+    storeLast(sink->at, first, last, whole + fraction);
+    sink->at += whole;
+    if (fraction != 0) {
+        storeLast(sink->at + 1, first, last, fraction);
+        *sink->at = format->decimalPoint == 0 ? '.' : (char)format->decimalPoint;
+        sink->at += 1 + fraction;
     }
-    const int32_t digits = orvDigitCount(number);
-    const int32_t count = digits > fraction ? digits : fraction + 1;
-    const uint64_t text = orvEightDigits((uint32_t)number) >> 8 * (MOST - count);
-    if (fraction == 0) {
-        orvStoreEight(sink->at, text);
-        sink->at += count;
-        return 1;
-    }
-    const int32_t whole = 8 * (count - fraction);
-    const uint64_t before = (UINT64_C(1) << whole) - 1;
-    const uint64_t point = format->decimalPoint == 0 ? '.' : format->decimalPoint;
-    orvStoreEight(sink->at, (text & before) | point << whole | (text & ~before) << 8);
-    sink->at[MOST] = (char)(text >> 56);
-    sink->at += count + 1;
     return 1;
 }
 

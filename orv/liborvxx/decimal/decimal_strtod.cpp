@@ -2,10 +2,12 @@
 /// \file
 /// \brief Decimal numbers from text, with the punctuation of a locale.
 #include "orv/liborv/decimal/parse.h"
+#include "orv/liborvxx/decimal/decimal_access.h"
 #include "orv/liborvxx/decimal/decimal_io.h"
 #include "orv/liborvxx/decimal/decimal_layout.h"
 #include "orv/liborvxx/decimal/detail/decimal_punctuation.h"
 #include "orv/liborvxx/number/detail/text_source.h"
+#include "orv/liborvxx/number/string_to_decimal.h"
 
 #include <cassert>
 #include <cstdint>
@@ -24,10 +26,34 @@ bool isWhiteSpace(const char* text) noexcept {
     return *text == '\0';
 }
 
-template <class Record>
-Record read(const DecimalPunctuation& punctuation, const char* text, const char** end,
-            Record (*value)(const DecimalParseState*) noexcept) noexcept {
+// Everyday numbers are the same to the reader that knows no locale, and which is faster. It takes
+// exponents of ten digits and more for something else, which gives a zero or an infinity; and it
+// stops in front of an exponent that lacks its digits.
+template <class Decimal>
+bool readEveryday(const char* text, Decimal (*reader)(const char*, char**) noexcept, Decimal& value,
+                  const char*& behind) noexcept {
+    char* end = nullptr;
+    value = reader(text, &end);
+    behind = end;
+    return isfinite(value) && !Decimal::Functions::isZero(value.record()) && *end != 'e' &&
+           *end != 'E';
+}
+
+template <class Decimal, class Record>
+Decimal read(const DecimalPunctuation& punctuation, const char* text, const char** end,
+             Decimal (*reader)(const char*, char**) noexcept,
+             Record (*getValue)(const DecimalParseState*) noexcept) noexcept {
     assert(text != nullptr);
+    Decimal value;
+    const char* behind = text;
+    if (punctuation.isClassic() && readEveryday(text, reader, value, behind)) {
+        if (end != nullptr) {
+            *end = behind;
+        } else if (!isWhiteSpace(behind)) {
+            return DecimalLayout<Record>::quietNan();
+        }
+        return value;
+    }
     if (end != nullptr) {
         *end = text;
     }
@@ -43,17 +69,17 @@ Record read(const DecimalPunctuation& punctuation, const char* text, const char*
     } else if (!isWhiteSpace(text + scanned)) {
         return DecimalLayout<Record>::quietNan();
     }
-    return value(&state);
+    return getValue(&state);
 }
 
-ODecimal64 read64(const DecimalPunctuation& punctuation, const char* text,
-                  const char** end) noexcept {
-    return read<ODecimal64>(punctuation, text, end, orvDec64ParseGetValue);
+decimal64 read64(const DecimalPunctuation& punctuation, const char* text,
+                 const char** end) noexcept {
+    return read<decimal64>(punctuation, text, end, strtod64_c, orvDec64ParseGetValue);
 }
 
-ODecimal128 read128(const DecimalPunctuation& punctuation, const char* text,
-                    const char** end) noexcept {
-    return read<ODecimal128>(punctuation, text, end, orvDec128ParseGetValue);
+decimal128 read128(const DecimalPunctuation& punctuation, const char* text,
+                   const char** end) noexcept {
+    return read<decimal128>(punctuation, text, end, strtod128_c, orvDec128ParseGetValue);
 }
 
 // The same for a string: read at *index, which the end of the number is counted into.

@@ -28,6 +28,9 @@ struct DecimalPunctuation {
         }
     }
 
+    /// Whether numbers are read as in the classic locale.
+    bool isClassic() const noexcept { return point == '.' && separator == '\0'; }
+
     char point = '.';
     /// 0 if digits are not grouped.
     char separator = '\0';
