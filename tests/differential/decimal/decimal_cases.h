@@ -7,6 +7,7 @@
 #include "orv/liborv/decimal/arithmetic.h"
 #include "orv/liborv/decimal/compare.h"
 #include "orv/liborv/decimal/convert.h"
+#include "orv/liborvxx/decimal/decimal_functions.h"
 
 #include "tests/reference/decimal_model.h"
 #include "tests/support/number_source.h"
@@ -59,56 +60,20 @@ inline void fromBits(NumberSource& source, ODecimal128& x) {
     x.high = source.bits();
 }
 
-/// What there is in three widths.
+/// What there is in three widths, with what the classes of the C++ library have no use for.
 template <class Record>
 struct Functions;
 
 #define ORV_FUNCTIONS(width)                                                                       \
     template <>                                                                                    \
-    struct Functions<ODecimal##width> {                                                            \
+    struct Functions<ODecimal##width> : orv::decimal::detail::DecimalFunctions<ODecimal##width> {  \
         static constexpr DecimalFormat FORMAT = DECIMAL##width;                                    \
-        static constexpr auto add = orvDec##width##Add;                                            \
-        static constexpr auto subtract = orvDec##width##Subtract;                                  \
-        static constexpr auto multiply = orvDec##width##Multiply;                                  \
-        static constexpr auto divide = orvDec##width##Divide;                                      \
-        static constexpr auto fusedMultiplyAdd = orvDec##width##FusedMultiplyAdd;                  \
-        static constexpr auto squareRoot = orvDec##width##SquareRoot;                              \
-        static constexpr auto remainder = orvDec##width##Remainder;                                \
-        static constexpr auto quantize = orvDec##width##Quantize;                                  \
-        static constexpr auto scaleB = orvDec##width##ScaleB;                                      \
-        static constexpr auto logB = orvDec##width##LogB;                                          \
-        static constexpr auto roundExact = orvDec##width##RoundExact;                              \
-        static constexpr auto roundHalfUp = orvDec##width##RoundHalfUp;                            \
-        static constexpr auto abs = orvDec##width##Abs;                                            \
-        static constexpr auto negate = orvDec##width##Negate;                                      \
-        static constexpr auto copySign = orvDec##width##CopySign;                                  \
-        static constexpr auto min = orvDec##width##Min;                                            \
-        static constexpr auto max = orvDec##width##Max;                                            \
-        static constexpr auto nextUp = orvDec##width##NextUp;                                      \
-        static constexpr auto nextDown = orvDec##width##NextDown;                                  \
-        static constexpr auto compare = orvDec##width##Compare;                                    \
-        static constexpr auto quietEqual = orvDec##width##QuietEqual;                              \
-        static constexpr auto quietNotEqual = orvDec##width##QuietNotEqual;                        \
-        static constexpr auto quietLess = orvDec##width##QuietLess;                                \
-        static constexpr auto quietLessEqual = orvDec##width##QuietLessEqual;                      \
-        static constexpr auto sameQuantum = orvDec##width##SameQuantum;                            \
-        static constexpr auto totalOrder = orvDec##width##TotalOrder;                              \
-        static constexpr auto classOf = orvDec##width##Class;                                      \
-        static constexpr auto isInfinite = orvDec##width##IsInfinite;                              \
         static constexpr auto isNaN = orvDec##width##IsNaN;                                        \
         static constexpr auto isSignalling = orvDec##width##IsSignalling;                          \
-        static constexpr auto isFinite = orvDec##width##IsFinite;                                  \
         static constexpr auto isNormal = orvDec##width##IsNormal;                                  \
-        static constexpr auto isZero = orvDec##width##IsZero;                                      \
-        static constexpr auto isSigned = orvDec##width##IsSigned;                                  \
         static constexpr auto isCanonical = orvDec##width##IsCanonical;                            \
-        static constexpr auto fromInt64 = orvDec##width##FromInt64;                                \
         static constexpr auto fromUInt64 = orvDec##width##FromUInt64;                              \
-        static constexpr auto toInt32 = orvDec##width##ToInt32;                                    \
-        static constexpr auto toInt64 = orvDec##width##ToInt64;                                    \
         static constexpr auto toUInt64 = orvDec##width##ToUInt64;                                  \
-        static constexpr auto toFloat = orvDec##width##ToFloat;                                    \
-        static constexpr auto toDouble = orvDec##width##ToDouble;                                  \
     };
 
 ORV_FUNCTIONS(32)

@@ -12,8 +12,8 @@
 #define ORV_DEC_MAX_DIGITS 34  ///< of a coefficient
 #define ORV_DEC_DIGIT_SPACE 40 ///< characters that orvDecimalDigits may touch
 
-/// Powers of ten up to that of a half.
-static const uint64_t orvPowersOfTen[18] = {1,
+/// Powers of ten, as far as 64 bits hold them.
+static const uint64_t orvPowersOfTen[20] = {1,
                                             10,
                                             100,
                                             1000,
@@ -30,7 +30,9 @@ static const uint64_t orvPowersOfTen[18] = {1,
                                             100000000000000,
                                             1000000000000000,
                                             10000000000000000,
-                                            100000000000000000};
+                                            100000000000000000,
+                                            1000000000000000000,
+                                            UINT64_C(10000000000000000000)};
 
 /// Leading zero bits of \p x, which is not 0.
 static inline int32_t orvLeadingZeros(uint64_t x) {

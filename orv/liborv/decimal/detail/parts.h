@@ -10,6 +10,7 @@
 #define ORV_LIBORV_DECIMAL_DETAIL_PARTS_H
 
 #include "orv/liborv/decimal/decimal.h"
+#include "orv/liborv/decimal/detail/digits.h"
 
 #include <stdint.h>
 
@@ -43,29 +44,6 @@ typedef struct Format {
 static const Format format32 = {9999999, UINT64_C(1) << 20, 7, 101, 191};
 static const Format format64 = {UINT64_C(9999999999999999), UINT64_C(1) << 50, 16, 398, 767};
 static const Format format128 = {UINT64_MAX, UINT64_C(1) << 50, 18, 6176, 12287};
-
-static const uint64_t powersOfTen[] = {
-    1,
-    10,
-    100,
-    1000,
-    10000,
-    100000,
-    1000000,
-    10000000,
-    100000000,
-    1000000000,
-    UINT64_C(10000000000),
-    UINT64_C(100000000000),
-    UINT64_C(1000000000000),
-    UINT64_C(10000000000000),
-    UINT64_C(100000000000000),
-    UINT64_C(1000000000000000),
-    UINT64_C(10000000000000000),
-    UINT64_C(100000000000000000),
-    UINT64_C(1000000000000000000),
-    UINT64_C(10000000000000000000),
-};
 
 /// \name Splitting
 /// 0 for an infinity, a NaN, and a coefficient of 128 bits that is 10^18 or more. A coefficient of
@@ -160,10 +138,10 @@ static inline int roundsAway(uint64_t twice, uint64_t whole, int isOdd, int nega
 static inline int lowerExponent(Parts* x, int field, const Format* format) {
     const int zeros = x->field - field;
     x->field = field;
-    if (zeros > format->digits || x->coefficient >= powersOfTen[format->digits - zeros]) {
+    if (zeros > format->digits || x->coefficient >= orvPowersOfTen[format->digits - zeros]) {
         return x->coefficient == 0;
     }
-    x->coefficient *= powersOfTen[zeros];
+    x->coefficient *= orvPowersOfTen[zeros];
     return 1;
 }
 
@@ -228,8 +206,8 @@ static inline int compareMagnitudesOfParts(Parts x, Parts y, const Format* forma
     const int distance = x.field - y.field;
     const int zeros = xIsUpper ? distance : -distance;
     const int most = zeros > format->digits ? format->digits : zeros;
-    const int isLong = upper >= powersOfTen[format->digits - most];
-    const uint64_t lifted = upper * powersOfTen[most];
+    const int isLong = upper >= orvPowersOfTen[format->digits - most];
+    const uint64_t lifted = upper * orvPowersOfTen[most];
     const int order = (isLong | (lifted > lower)) - (!isLong & (lifted < lower));
     return xIsUpper ? order : -order;
 }
@@ -255,7 +233,7 @@ static inline int quantizeParts(Parts x, Parts y, const Format* format, int mode
     // With one digit more than there are all are dropped, and less than a half.
     const int distance = y.field - x.field;
     const int dropped = distance > format->digits ? format->digits + 1 : distance;
-    const uint64_t whole = powersOfTen[dropped];
+    const uint64_t whole = orvPowersOfTen[dropped];
     const uint64_t quotient = x.coefficient / whole;
     const uint64_t rest = x.coefficient - quotient * whole;
     const int isOdd = (int)(quotient & 1U);
