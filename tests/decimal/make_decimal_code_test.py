@@ -15,7 +15,7 @@ import sys
 
 FUNCTIONS = 9
 OUT_OF_RANGE = re.compile(r"makeDecimal\d+OutOfRange")
-RELOCATION = re.compile(r"^\s+[0-9a-f]+: R_\w+\s+(\S+)", re.MULTILINE)
+RELOCATION = re.compile(r"^\s+[0-9a-f]+:\s+R_\w+\s+(\S+)", re.MULTILINE)
 FUNCTION = re.compile(r"^[0-9a-f]+ <((?:shifts|tests)\w+)(?:\.cold)?>:\n(.*?)(?:\n\n|\Z)",
                       re.MULTILINE | re.DOTALL)
 RETURN = re.compile(r"\tret")
