@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
 /// \brief Decimal numbers: all readers agree on any text, what is written of any bits reads back as
-/// the same number, and binary numbers give the decimals that their own text gives.
+/// the same number, binary numbers give the decimals that their own text gives, and the ways
+/// through a locale agree with the parser and the streams.
 ///
 /// Input: 0 to 3; 0: the bits of a decimal128, the upper half first, whose upper parts are those of
 /// the narrower types; 1: the bits of a double; 2: a text; 3: a text in units of two bytes each,
@@ -9,7 +10,9 @@
 #include "fuzz/check.h"
 #include "fuzz/input.h"
 
+#include "orv/liborv/decimal/parse.h"
 #include "orv/liborvxx/decimal/binary_to_decimal.h"
+#include "orv/liborvxx/decimal/decimal_io.h"
 #include "orv/liborvxx/number/from_chars.h"
 #include "orv/liborvxx/number/number_to_string.h"
 #include "orv/liborvxx/number/string_to_decimal.h"
@@ -20,6 +23,8 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdint>
+#include <iomanip>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -71,6 +76,42 @@ void checkValue(const Decimal& value) {
     const auto twice = orv::from_chars_c<Decimal>(orv::string_ref(again));
     FUZZ_CHECK(twice && same(twice.value, back.value) && written(twice.value) == again);
     FUZZ_CHECK(same(Decimal(orv::string_ref(text)), back.value));
+}
+
+// The string of a number is what a stream writes.
+template <class Decimal>
+void checkPrinting(const Decimal& value, int precision) {
+    std::ostringstream stream;
+    stream.imbue(std::locale::classic());
+    stream << std::fixed << std::setprecision(precision) << value;
+    FUZZ_CHECK(stream.str() == to_string(value, precision));
+}
+
+// `strtod64` and a stream take what the parser takes character by character.
+void checkLocaleReaders(const std::string& text) {
+    const char* const begin = text.c_str();
+    DecimalParseState state;
+    orvDecParseInit(&state, 16, '.', '\0', ORV_DEC_PARSE_SKIP_SPACE);
+    const char* complete = begin;
+    bool isComplete = false;
+    for (const char* p = begin; *p != '\0'; ++p) {
+        const int result = orvDecParseNextChar(&state, *p);
+        if (result == ORV_DEC_PARSE_STOP) {
+            break;
+        }
+        isComplete = result == ORV_DEC_PARSE_COMPLETE;
+        complete = isComplete ? p + 1 : complete;
+    }
+    const decimal64 value = orvDec64ParseGetValue(&state);
+    const char* end = nullptr;
+    FUZZ_CHECK(same(strtod64(begin, &end), value) && end == complete);
+
+    std::istringstream stream(begin);
+    stream.imbue(std::locale::classic());
+    const decimal64 before = 7;
+    decimal64 read = before;
+    stream >> read;
+    FUZZ_CHECK(stream.fail() != isComplete && same(read, isComplete ? value : before));
 }
 
 template <class Decimal, class CharT, class OfCursor, class InC>
@@ -173,6 +214,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         checkValue(decimal128(ODecimal128{bitsOf(input), high}));
         checkValue(decimal64(ODecimal64{high}));
         checkValue(decimal32(ODecimal32{static_cast<std::uint32_t>(high >> 32U)}));
+        checkPrinting(decimal64(ODecimal64{high}), static_cast<int>(high % 40));
         break;
     }
     case 1:
@@ -181,6 +223,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     case 2: {
         const std::string text = input.rest();
         checkText(text);
+        checkLocaleReaders(text);
         if (std::all_of(text.begin(), text.end(),
                         [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
             checkTypes(text);
