@@ -2,9 +2,9 @@
 # Locales of the C library for tests, compiled into the build folder: nothing of the system's
 # choice of locales is needed or used.
 #
-#   orv_test_with_locales(<test>)
+#   orv_test_with_locales(<test> [<program>])
 #
-# makes the locales before the program <test> of orv_add_test, and runs the test with LOCPATH set to
+# makes the locales before the program, which is <test> of orv_add_test if it has no other name, and runs the test with LOCPATH set to
 # their folder, so that setlocale(LC_ALL, "de_DE.UTF-8") and std::locale("de_DE.UTF-8") find them.
 # ORV_TEST_LOCALES names them all; what each is there for (point, separator, grouping):
 #
@@ -42,7 +42,9 @@ endforeach()
 add_custom_target(test_locales DEPENDS ${stamps})
 
 function(orv_test_with_locales test)
-    add_dependencies(${test} test_locales)
+    set(program ${ARGN} ${test})
+    list(GET program 0 program)
+    add_dependencies(${program} test_locales)
     set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "LOCPATH=${ORV_TEST_LOCALE_DIR}"
         "LSAN_OPTIONS=suppressions=${ORV_LSAN_LOCALES}:print_suppressions=0")
 endfunction()
