@@ -35,6 +35,9 @@
 
 namespace orv::decimal {
 
+// The classes declare them too, for their constructors, and stand in front of this for its users.
+// NOLINTBEGIN(readability-redundant-declaration)
+
 /// \name To 7 digits
 /// @{
 ORVXX_API decimal32 binary_to_decimal32(float value) noexcept;
@@ -58,6 +61,8 @@ ORVXX_API decimal128 binary_to_decimal128(double value) noexcept;
 ORVXX_API decimal128 binary_to_decimal128(long double value) noexcept;
 ORVXX_API decimal128 binary_to_decimal128(const binary16& value) noexcept;
 /// @}
+
+// NOLINTEND(readability-redundant-declaration)
 
 } // namespace orv::decimal
 
