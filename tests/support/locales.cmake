@@ -5,7 +5,8 @@
 #   orv_test_with_locales(<test> [<program>])
 #
 # makes the locales before the program, which is the <test> of orv_add_test if it has no other
-# name, and runs the test with LOCPATH set to their folder, so that setlocale(LC_ALL, "de_DE.UTF-8") and std::locale("de_DE.UTF-8") find them.
+# name, and runs the test with LOCPATH set to their folder, so that setlocale(LC_ALL, "de_DE.UTF-8")
+# and std::locale("de_DE.UTF-8") find them.
 # ORV_TEST_LOCALES names them all; what each is there for (point, separator, grouping):
 #
 #   de_DE.UTF-8   ,  .       3;3    a decimal comma, and the point as a separator
