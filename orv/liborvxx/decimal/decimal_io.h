@@ -37,13 +37,14 @@ namespace orv::decimal {
 /// keeps its zero. Too large a number is infinity, too small a one zero.
 ///
 /// \param locale whose punctuation \p text has; the classic one where there is none
-/// \param text   ended by NUL
+/// \param text   ended by NUL, not null
 /// \param end    if not null, takes the end of the number, or \p text if there is none. If null,
-/// only
-///               white space may stand behind the number, or behind what might have become more of
-///               it: "12." and "1e+ " are read whole then, as 12 and 1.
+///               only white space may stand behind the number, or behind what might have become
+///               more of it: "12." and "1e+ " are read whole then, as 12 and 1.
 /// \return the number; the canonical NaN if there is none, or something stands behind it that may
-/// not
+///         not
+/// \exception std::bad_alloc as the facet of a \p locale throws it; nothing else is thrown but what
+///            that facet throws, and nothing without a locale. `errno` is left alone.
 /// @{
 ORVXX_API decimal64 strtod64(const char* text, const char** end = nullptr);
 ORVXX_API decimal64 strtod64(const std::locale& locale, const char* text,
@@ -56,9 +57,10 @@ ORVXX_API decimal128 strtod128(const std::locale& locale, const char* text,
 /// \name Reading strings
 /// As above. The text ends with the first NUL in it, or with the string.
 ///
-/// \param index if not null, where in \p text to begin, at most its size; takes the end of the
-///              number, or stays if there is none. If null, only white space may stand behind the
-///              number.
+/// \param index if not null, where in \p text to begin, at most its size (asserted); takes the end
+///              of the number, or stays if there is none. If null, only white space may stand
+///              behind the number.
+/// \exception std::bad_alloc as above
 /// @{
 ORVXX_API decimal64 strtod64(const std::string& text, std::size_t* index = nullptr);
 ORVXX_API decimal64 strtod64(const std::locale& locale, const std::string& text,
@@ -100,7 +102,8 @@ ORVXX_API std::istream& operator>>(std::istream& is, decimal128& value);
 /// `uppercase` "E", "INF" and "NAN". The conversions are those of format.h: a new stream writes at
 /// most 6 digits; `std::setprecision(0)` lets it write all.
 ///
-/// \exception std::bad_alloc if the text has 64 characters or more, and there is no memory
+/// \exception std::bad_alloc if the text has 64 characters or more, and there is no memory; and
+///            what the facet of the locale throws
 /// \exception std::ios_base::failure as `exceptions()` asks for
 /// @{
 ORVXX_API std::ostream& operator<<(std::ostream& os, const decimal32& value);
@@ -114,7 +117,8 @@ ORVXX_API std::ostream& operator<<(std::ostream& os, const decimal128& value);
 ///
 /// \param locale whose punctuation the text gets; the classic one where there is none, whatever the
 ///               global one is
-/// \exception std::bad_alloc, std::length_error as the string throws them
+/// \exception std::bad_alloc, std::length_error as the string throws them; and what the facet of
+///            the locale throws
 /// @{
 ORVXX_API std::string to_string(const decimal32& value, int precision);
 ORVXX_API std::string to_string(const decimal64& value, int precision);
