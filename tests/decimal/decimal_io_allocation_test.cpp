@@ -3,6 +3,8 @@
 /// \brief Reading and writing decimal numbers takes memory for long texts only, and says so if
 /// there is none.
 #include "orv/liborvxx/decimal/decimal_io.h"
+#include "orv/liborvxx/locale/uistream.h"
+#include "orv/liborvxx/locale/uostream.h"
 #include "tests/decimal/decimal_locales.h"
 #include "tests/support/counting_allocator.h"
 
@@ -31,14 +33,15 @@ std::size_t allocationsOf(Action action) {
 }
 
 // Reads and writes an array.
-class ArrayBuffer : public std::streambuf {
+template <class CharT>
+class ArrayBuffer : public std::basic_streambuf<CharT> {
 public:
-    ArrayBuffer(char* text, std::size_t size) {
-        setg(text, text, text + size);
-        setp(text, text + size);
+    ArrayBuffer(CharT* text, std::size_t size) {
+        this->setg(text, text, text + size);
+        this->setp(text, text + size);
     }
 
-    std::size_t written() const { return static_cast<std::size_t>(pptr() - pbase()); }
+    std::size_t written() const { return static_cast<std::size_t>(this->pptr() - this->pbase()); }
 };
 
 TEST(DecimalIoAllocation, IsNotNeededToReadText) {
@@ -68,6 +71,22 @@ TEST(DecimalIoAllocation, IsNotNeededToReadFromStreams) {
               0);
     EXPECT_EQ(orvtest::bitsOf(first), orvtest::bitsOf(number<decimal64>(15, -1)));
     EXPECT_EQ(orvtest::bitsOf(second), orvtest::bitsOf(number<decimal64>(12345, -1)));
+}
+
+TEST(DecimalIoAllocation, IsNotNeededInStreamsOverUnits) {
+    orv::char16 text[] = {u'1', u'.', u'5', u' ', u' '};
+    ArrayBuffer buffer(text, sizeof text / sizeof text[0]);
+    orv::uistream is(&buffer);
+    orv::uostream os(&buffer);
+    decimal64 value;
+    EXPECT_EQ(allocationsOf([&] {
+                  is >> value;
+                  os << value + 1;
+              }),
+              0);
+    EXPECT_EQ(orvtest::bitsOf(value), orvtest::bitsOf(number<decimal64>(15, -1)));
+    EXPECT_EQ(buffer.written(), 3);
+    EXPECT_TRUE(text[0] == u'2' && text[1] == u'.' && text[2] == u'5');
 }
 
 TEST(DecimalIoAllocation, IsNotNeededForShortStrings) {

@@ -2,7 +2,7 @@
 /// \file
 /// \brief Tests of equality, order, hash and output of references to URIs.
 #include "orv/liborvxx/charset/charset.h"
-#include "orv/liborvxx/locale/ctype.h"
+#include "orv/liborvxx/locale/uostream.h"
 #include "orv/liborvxx/net/uri.h"
 #include "orv/liborvxx/text/literals.h"
 #include "tests/support/case_count.h"

@@ -9,15 +9,17 @@
 # and std::locale("de_DE.UTF-8") find them.
 # ORV_TEST_LOCALES names them all; what each is there for (point, separator, grouping):
 #
+#   de_CH.UTF-8   .  U+2019  3;3    a separator beyond Latin-1
 #   de_DE.UTF-8   ,  .       3;3    a decimal comma, and the point as a separator
 #   en_IN.UTF-8   .  ,       3;2    groups of different sizes
 #   en_US.UTF-8   .  ,       3;3    separators that other locales have as decimal points
 #   fa_IR.UTF-8   .  ,       3      digits of its own for output (printf's flag "I"), grouping of one
 #   fr_FR.UTF-8   ,  U+202F  3      a separator beyond ASCII
+#   ps_AF.UTF-8   U+066B U+066C 3;3 a point and a separator of another script
 #   tr_TR.UTF-8   ,  .       3;3    upper case of "i" is U+0130: "infinity" has no usual upper case
 
-set(ORV_TEST_LOCALES de_DE.UTF-8 en_IN.UTF-8 en_US.UTF-8 fa_IR.UTF-8 fr_FR.UTF-8
-    tr_TR.UTF-8)
+set(ORV_TEST_LOCALES de_CH.UTF-8 de_DE.UTF-8 en_IN.UTF-8 en_US.UTF-8 fa_IR.UTF-8
+    fr_FR.UTF-8 ps_AF.UTF-8 tr_TR.UTF-8)
 set(ORV_TEST_LOCALE_DIR "${PROJECT_BINARY_DIR}/test-locales")
 set(ORV_LSAN_LOCALES "${CMAKE_CURRENT_LIST_DIR}/lsan_locales.supp")
 

@@ -118,7 +118,7 @@ TEST(CaseInsensitive, RandomNarrowTextsObeyTheLaws) {
         std::string b = randomText(random, alphabet, 4);
         if (i % 2 == 0) {
             b = a;
-            std::ranges::transform(b, b.begin(), [&](char c) {
+            std::transform(b.begin(), b.end(), b.begin(), [&](char c) {
                 const int byte = static_cast<unsigned char>(c);
                 return static_cast<char>(random() % 2 == 0 ? std::toupper(byte)
                                                            : std::tolower(byte));

@@ -52,8 +52,9 @@ static_assert(std::is_constructible_v<char16_t, char16_int> &&
               !std::is_convertible_v<char16_int, char16_t>);
 static_assert(std::is_nothrow_constructible_v<char16, char16_t> &&
               std::is_nothrow_constructible_v<char16, int>);
-static_assert(std::is_convertible_v<char16, char16_int> &&
-              std::is_constructible_v<char16, char16_int>);
+// Between the two classes nothing takes a cast: a stream may keep its fill as a char16_int.
+static_assert(std::is_nothrow_convertible_v<char16, char16_int> &&
+              std::is_nothrow_convertible_v<char16_int, char16>);
 
 template <typename A, typename B>
 concept Comparable = requires(A a, B b) {
@@ -74,7 +75,8 @@ concept Addable = requires(A a, B b) {
 static_assert(Comparable<char16, char16> && Comparable<char16, char16_t>);
 static_assert(!Equatable<char16, int> && !Equatable<char16, char> && !Equatable<char16, char32_t> &&
               !Equatable<char16, wchar_t> && !Equatable<char16, bool>);
-static_assert(Comparable<char16_int, char16_int> && Comparable<char16_int, char16>);
+static_assert(Comparable<char16_int, char16_int> && Comparable<char16_int, char16> &&
+              Comparable<char16_int, char16_t>);
 static_assert(!Equatable<char16_int, int>);
 // Arithmetic needs a cast, so that nothing wraps at 16 bits unseen.
 static_assert(!Addable<char16, int> && !Addable<char16, char16> && !Addable<char16, char16_t>);
@@ -95,6 +97,8 @@ static_assert(static_cast<int>(char16_int(char16(0xFFFF))) == 0xFFFF);
 static_assert(char16() == u'\0' && char16_int() == char16_int(u'\0'));
 static_assert((EURO <=> u'x') == std::strong_ordering::greater);
 static_assert(static_cast<char16>(char16_int(EURO)) == EURO);
+static_assert(char16_int(EURO) == EURO && EURO == char16_int(EURO) &&
+              char16_int(EURO) == u'\u20AC' && u'x' < char16_int(EURO) && char16_int(u'x') < EURO);
 
 TEST(Char16Unit, EveryValueComesBackAsEveryWiderNumberUnsigned) {
     for (unsigned int value = 0; value <= 0xFFFF; ++value) {
@@ -107,7 +111,8 @@ TEST(Char16Unit, EveryValueComesBackAsEveryWiderNumberUnsigned) {
         ASSERT_EQ(static_cast<std::uint8_t>(unit), static_cast<std::uint8_t>(value));
         const char16_int integer(unit);
         ASSERT_EQ(static_cast<unsigned int>(integer), value);
-        ASSERT_EQ(static_cast<char16>(integer), unit);
+        const char16 back = integer;
+        ASSERT_EQ(back, unit);
         ASSERT_EQ(char16_int(value), integer);
     }
 }
@@ -131,6 +136,11 @@ TEST(Char16Unit, TheOrderIsThatOfTheUnsignedValues) {
             ASSERT_EQ(char16(a) <=> char16(b), a <=> b) << a << ' ' << b;
             ASSERT_EQ(char16(a) == char16(b), a == b) << a << ' ' << b;
             ASSERT_EQ(char16_int(a) <=> char16_int(b), a <=> b) << a << ' ' << b;
+            ASSERT_EQ(char16_int(a) <=> char16(b), a <=> b) << a << ' ' << b;
+            ASSERT_EQ(char16(a) <=> char16_int(b), a <=> b) << a << ' ' << b;
+            ASSERT_EQ(char16_int(a) == char16(b), a == b) << a << ' ' << b;
+            ASSERT_EQ(char16(a) == char16_int(b), a == b) << a << ' ' << b;
+            ASSERT_EQ(char16_int(a) <=> static_cast<char16_t>(b), a <=> b) << a << ' ' << b;
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "orv/liborvxx/text/string_ref.h"
 
 #include "orv/liborvxx/locale/ctype.h"
+#include "orv/liborvxx/locale/uostream.h"
 #include "orv/liborvxx/text/literals.h"
 #include "tests/text/text_of.h"
 
@@ -270,7 +271,8 @@ TEST(StringRefOutputUtf16, PadsWithTheFillCharacterThatWasSet) {
     LimitedSink<char16> sink;
     std::basic_ostream<char16> stream(&sink);
     stream.imbue(localeOfChar16());
-    EXPECT_EQ(stream.fill(u'\u2022'), u' ');
+    EXPECT_EQ(stream.fill(), u' ');
+    stream.fill(u'\u2022');
     stream.width(4);
     stream << u"ab"_u;
     EXPECT_EQ(sink.taken, u"\u2022\u2022ab"_u);

@@ -81,7 +81,7 @@ TYPED_TEST(StringRefOperators, AgreeWithTheOrderOfTheTextsWhateverHoldsThem) {
             SCOPED_TRACE(std::string(left) + " and " + std::string(right));
             const auto a = textOf<TypeParam>(left);
             const auto b = textOf<TypeParam>(right);
-            const std::strong_ordering order = left <=> right;
+            const std::strong_ordering order = left.compare(right) <=> 0;
             expectOrder(Ref(a), Ref(b), order);
             expectOrder(Ref(a), b, order);
             expectOrder(a, Ref(b), order);

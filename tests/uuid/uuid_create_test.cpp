@@ -35,8 +35,8 @@ TEST(UUIDRandom, AMillionValuesAreAllDifferentAndOfVersionFour) {
         lowOnes |= id.getLeastSignificantBits();
         lowZeros &= id.getLeastSignificantBits();
     }
-    std::ranges::sort(ids);
-    EXPECT_EQ(std::ranges::adjacent_find(ids), ids.end());
+    std::sort(ids.begin(), ids.end());
+    EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end());
     // Every bit but those of version and variant takes both values.
     EXPECT_EQ(ones, 0xFFFFFFFFFFFF4FFFU);
     EXPECT_EQ(zeros, 0x4000U);
@@ -59,8 +59,8 @@ TEST(UUIDRandom, ThreadsDoNotMakeTheSameValues) {
         threads[i].join();
         all.insert(all.end(), made[i].begin(), made[i].end());
     }
-    std::ranges::sort(all);
-    EXPECT_EQ(std::ranges::adjacent_find(all), all.end());
+    std::sort(all.begin(), all.end());
+    EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());
 }
 
 TEST(UUIDNamed, IsTheMd5OfTheBytesWithVersionThree) {

@@ -218,8 +218,8 @@ TEST(UUIDOrder, IsThatOfTheNumberAndOfTheText) {
         ASSERT_EQ(a <= b, order <= 0);
         ASSERT_EQ(a > b, order > 0);
         ASSERT_EQ(a >= b, order >= 0);
-        ASSERT_EQ(a.toString() <=> b.toString(), order);
-        ASSERT_EQ(a.toUString() <=> b.toUString(), order);
+        ASSERT_EQ(a.toString().compare(b.toString()) <=> 0, order);
+        ASSERT_EQ(a.toUString().compare(b.toUString()) <=> 0, order);
     }
 }
 

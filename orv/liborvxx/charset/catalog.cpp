@@ -5,30 +5,16 @@
 /// This file owns the order of what must exist before the first call. The objects live in static
 /// storage and are never destroyed, as destructors of other libraries may still use them; their
 /// addresses are constants, so the public pointers need no code at load.
+#include "orv/liborvxx/base/detail/immortal.h"
 #include "orv/liborvxx/charset/charset.h"
 #include "orv/liborvxx/charset/default_charset.h"
 #include "orv/liborvxx/charset/sets/definitions.h"
-
-#include <new>
 
 namespace orv {
 
 namespace {
 
-// Storage for an object that is made by hand and never destroyed.
-template <typename T>
-union Immortal {
-    constexpr Immortal() noexcept : unused() {}
-    constexpr ~Immortal() {}
-    Immortal(const Immortal&) = delete;
-    Immortal& operator=(const Immortal&) = delete;
-
-    void make() { ::new (static_cast<void*>(&object)) T(); }
-
-    char unused;
-    T object;
-};
-
+using detail::Immortal;
 using Names = std::map<ustring_ref, Charset*, Charset::NameLess<ustring_ref>>;
 
 constinit Immortal<Names> byName;

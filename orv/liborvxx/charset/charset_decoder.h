@@ -11,6 +11,8 @@
 #include "orv/liborvxx/text/string_ref.h"
 #include "orv/liborvxx/text/ustring.h"
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv {
 
 class Charset;
@@ -145,5 +147,7 @@ private:
 };
 
 } // namespace orv
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -15,6 +15,8 @@
 #include <memory>
 #include <string>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv {
 
 class Charset;
@@ -157,5 +159,7 @@ private:
 };
 
 } // namespace orv
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -4,6 +4,8 @@
 #ifndef ORV_LIBORVXX_CHARSET_CODER_RESULT_H
 #define ORV_LIBORVXX_CHARSET_CODER_RESULT_H
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv {
 
 /// What stopped a conversion loop, and for bad input how many input units are concerned.
@@ -65,5 +67,7 @@ constexpr bool isValid(CodingErrorAction action) noexcept {
 } // namespace detail
 
 } // namespace orv
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -11,6 +11,8 @@
 
 #include <cstdint>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal::detail {
 
 /// `DecimalFunctions<ODecimal64>::add` is `orvDec64Add`, and so on.
@@ -71,5 +73,7 @@ ORVXX_DECIMAL_FUNCTIONS(128);
 /// \endcond
 
 } // namespace orv::decimal::detail
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -7,6 +7,11 @@
 #include "orv/liborv/decimal/parse.h"
 #include "orv/liborvxx/decimal/decimal_layout.h"
 #include "orv/liborvxx/decimal/detail/decimal_punctuation.h"
+#include "orv/liborvxx/locale/ctype.h"
+#include "orv/liborvxx/locale/num_get.h"
+#include "orv/liborvxx/locale/num_put.h"
+#include "orv/liborvxx/text/string_ref.h"
+#include "orv/liborvxx/text/ustring.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,6 +21,7 @@
 #include <limits>
 #include <ostream>
 #include <streambuf>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -24,6 +30,8 @@ namespace orv::decimal {
 namespace {
 
 using detail::DecimalPunctuation;
+using detail::DecimalPunctuation16;
+using detail::DecimalPunctuationOf;
 
 // The C library's functions, one name for the three widths.
 std::size_t write(const DecimalFormat& format, const decimal32& value, char* text,
@@ -107,13 +115,35 @@ DecimalFormat formatOf(const std::ios_base& stream,
     return format;
 }
 
-template <class Decimal>
-std::ostream& insert(std::ostream& os, const Decimal& value) {
-    const DecimalPunctuation punctuation(os.getloc());
+// Puts what the formatter wrote, which a NUL ends.
+std::ostream& put(std::ostream& os, const DecimalPunctuation& /*punctuation*/, string_ref text) {
+    return os << text.data();
+}
+
+std::basic_ostream<char16>& put(std::basic_ostream<char16>& os,
+                                const DecimalPunctuation16& punctuation, string_ref text) {
+    const auto widen = [&](char16* units) {
+        std::transform(text.begin(), text.end(), units,
+                       [&](char c) { return punctuation.widen(c); });
+    };
+    if (text.size() < BUFFER_SIZE) {
+        char16 buffer[BUFFER_SIZE];
+        widen(buffer);
+        return os << ustring_ref(buffer, text.size());
+    }
+    ustring units(text.size(), u'\0');
+    widen(units.data());
+    return os << ustring_ref(units);
+}
+
+template <class CharT, class Decimal>
+std::basic_ostream<CharT>& insert(std::basic_ostream<CharT>& os, const Decimal& value) {
+    const DecimalPunctuationOf<CharT> punctuation(os.getloc());
     const DecimalFormat format = formatOf(os, punctuation);
     char buffer[BUFFER_SIZE];
     const std::size_t size = write(format, value, buffer, BUFFER_SIZE);
-    return size < BUFFER_SIZE ? os << buffer : os << longText(format, value, size).c_str();
+    return size < BUFFER_SIZE ? put(os, punctuation, string_ref(buffer, size))
+                              : put(os, punctuation, longText(format, value, size));
 }
 
 template <class Decimal>
@@ -126,12 +156,15 @@ std::string fixedText(const DecimalPunctuation& punctuation, const Decimal& valu
 
 // Feeds the parser from the stream. Takes a character only when it is known to belong to the
 // number.
-std::ios_base::iostate scan(std::streambuf& source, DecimalParseState& state) {
-    using Traits = std::streambuf::traits_type;
+template <class CharT>
+std::ios_base::iostate scan(std::basic_streambuf<CharT>& source,
+                            const DecimalPunctuationOf<CharT>& punctuation,
+                            DecimalParseState& state) {
+    using Traits = std::char_traits<CharT>;
     int said = 0;
-    for (Traits::int_type c = source.sgetc(); !Traits::eq_int_type(c, Traits::eof());
+    for (typename Traits::int_type c = source.sgetc(); !Traits::eq_int_type(c, Traits::eof());
          c = source.snextc()) {
-        const int next = orvDecParseNextChar(&state, Traits::to_char_type(c));
+        const int next = orvDecParseNextChar(&state, punctuation.narrow(Traits::to_char_type(c)));
         if ((next & ORV_DEC_PARSE_STOP) != 0) {
             if ((next & ORV_DEC_PARSE_COMPLETE) != 0) {
                 source.sbumpc();
@@ -147,16 +180,16 @@ std::ios_base::iostate scan(std::streambuf& source, DecimalParseState& state) {
 }
 
 // Reads a number, if there is one, and returns what becomes of the stream.
-template <class Decimal>
-std::ios_base::iostate read(std::istream& is, Decimal& value) {
-    const DecimalPunctuation punctuation(is.getloc());
+template <class CharT, class Decimal>
+std::ios_base::iostate read(std::basic_istream<CharT>& is, Decimal& value) {
+    const DecimalPunctuationOf<CharT> punctuation(is.getloc());
     const bool skipsSpace = (is.flags() & std::ios_base::skipws) != 0;
     DecimalParseState state;
     if (orvDecParseInit(&state, DIGITS<Decimal>, punctuation.point, punctuation.separator,
                         skipsSpace ? ORV_DEC_PARSE_SKIP_SPACE : 0) == -1) {
         return std::ios_base::goodbit;
     }
-    const std::ios_base::iostate result = scan(*is.rdbuf(), state);
+    const std::ios_base::iostate result = scan(*is.rdbuf(), punctuation, state);
     if ((result & std::ios_base::failbit) == 0) {
         getValue(state, value);
     }
@@ -164,9 +197,9 @@ std::ios_base::iostate read(std::istream& is, Decimal& value) {
 }
 
 // Formatted input function in the sense of the standard ([istream.formatted.reqmts]).
-template <class Decimal>
-std::istream& extract(std::istream& is, Decimal& value) {
-    const std::istream::sentry sentry(is);
+template <class CharT, class Decimal>
+std::basic_istream<CharT>& extract(std::basic_istream<CharT>& is, Decimal& value) {
+    const typename std::basic_istream<CharT>::sentry sentry(is);
     if (!sentry) {
         return is;
     }
@@ -201,6 +234,18 @@ std::istream& operator>>(std::istream& is, decimal128& value) {
     return extract(is, value);
 }
 
+std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal32& value) {
+    return extract(is, value);
+}
+
+std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal64& value) {
+    return extract(is, value);
+}
+
+std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal128& value) {
+    return extract(is, value);
+}
+
 std::ostream& operator<<(std::ostream& os, const decimal32& value) {
     return insert(os, value);
 }
@@ -210,6 +255,18 @@ std::ostream& operator<<(std::ostream& os, const decimal64& value) {
 }
 
 std::ostream& operator<<(std::ostream& os, const decimal128& value) {
+    return insert(os, value);
+}
+
+std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os, const decimal32& value) {
+    return insert(os, value);
+}
+
+std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os, const decimal64& value) {
+    return insert(os, value);
+}
+
+std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os, const decimal128& value) {
     return insert(os, value);
 }
 

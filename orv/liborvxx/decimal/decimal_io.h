@@ -9,6 +9,9 @@
 /// digits before the point. A locale in which the two are no proper punctuation (the same
 /// character, a digit, a sign) reads nothing.
 ///
+/// Streams over `char16` take the punctuation of `std::numpunct<char16>`, whose marks are units:
+/// the separator may be U+202F, which a byte cannot be. Digits and letters are ASCII there too.
+///
 /// The functions read the locale that they are given, or the classic one, and nothing that is
 /// global. Text that needs no locale at all is read and written faster by `stod64_c` and
 /// `to_string_c`.
@@ -24,6 +27,8 @@
 #include "orv/liborvxx/decimal/decimal128.h"
 #include "orv/liborvxx/decimal/decimal32.h"
 #include "orv/liborvxx/decimal/decimal64.h"
+#include "orv/liborvxx/text/char16.h"
+#include "orv/liborvxx/text/char_traits.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -76,7 +81,8 @@ ORVXX_API decimal128 strtod128(const std::locale& locale, const std::string& tex
 /// "1e+;", the stream fails and \p value stays as it was. Sets `eofbit` where the stream ends, also
 /// behind a number. If the locale has no proper punctuation, nothing happens.
 ///
-/// What the stream buffer throws sets `badbit`, and passes if `exceptions()` asks for that bit.
+/// What the stream buffer or a facet throws sets `badbit`, and passes if `exceptions()` asks for
+/// that bit: so does a locale without the facets of the streams over `char16`, for these.
 ///
 /// \exception std::ios_base::failure as `exceptions()` asks for; a number has been stored then, if
 ///            there was one
@@ -84,6 +90,9 @@ ORVXX_API decimal128 strtod128(const std::locale& locale, const std::string& tex
 ORVXX_API std::istream& operator>>(std::istream& is, decimal32& value);
 ORVXX_API std::istream& operator>>(std::istream& is, decimal64& value);
 ORVXX_API std::istream& operator>>(std::istream& is, decimal128& value);
+ORVXX_API std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal32& value);
+ORVXX_API std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal64& value);
+ORVXX_API std::basic_istream<char16>& operator>>(std::basic_istream<char16>& is, decimal128& value);
 /// @}
 
 /// \name Writing to streams
@@ -104,11 +113,18 @@ ORVXX_API std::istream& operator>>(std::istream& is, decimal128& value);
 ///
 /// \exception std::bad_alloc if the text has 64 characters or more, and there is no memory; and
 ///            what the facet of the locale throws
+/// \exception std::bad_cast if the locale of a stream over `char16` has no punctuation for it
 /// \exception std::ios_base::failure as `exceptions()` asks for
 /// @{
 ORVXX_API std::ostream& operator<<(std::ostream& os, const decimal32& value);
 ORVXX_API std::ostream& operator<<(std::ostream& os, const decimal64& value);
 ORVXX_API std::ostream& operator<<(std::ostream& os, const decimal128& value);
+ORVXX_API std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os,
+                                                 const decimal32& value);
+ORVXX_API std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os,
+                                                 const decimal64& value);
+ORVXX_API std::basic_ostream<char16>& operator<<(std::basic_ostream<char16>& os,
+                                                 const decimal128& value);
 /// @}
 
 /// \name As strings

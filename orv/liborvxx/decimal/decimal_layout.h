@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal::detail {
 
 /// What the word with sign and exponent tells. A coefficient that needs a bit more than its FIELD
@@ -158,5 +160,7 @@ struct DecimalLayout<ODecimal128> : TopWordLayout<std::uint64_t, 49, -6176> {
 };
 
 } // namespace orv::decimal::detail
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -11,6 +11,8 @@
 
 #include <limits>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal::detail {
 
 /// What the limits of the three types have in common. Digits count to the base 10, and exponents as
@@ -76,5 +78,7 @@ template <>
 class std::numeric_limits<orv::decimal::decimal128>
     : public orv::decimal::detail::DecimalLimits<orv::decimal::decimal128> {};
 /// \endcond
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

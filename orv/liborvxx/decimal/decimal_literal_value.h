@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal::detail {
 
 /// What is to be said of a literal.
@@ -166,5 +168,7 @@ public:
 };
 
 } // namespace orv::decimal::detail
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

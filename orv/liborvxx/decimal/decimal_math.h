@@ -21,6 +21,8 @@
 #include <climits>
 #include <cstdint>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal {
 
 /// Where a result goes that lies between two numbers (IEEE 754-2008, 4.3).
@@ -301,5 +303,7 @@ inline std::int32_t ltrunc(const decimal32& x) noexcept {
 /// @}
 
 } // namespace orv::decimal
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

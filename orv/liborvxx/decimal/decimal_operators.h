@@ -17,6 +17,8 @@
 #include <limits>
 #include <type_traits>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal::detail {
 
 /// Integers that are numbers: neither truth values nor characters.
@@ -155,5 +157,7 @@ public:
 };
 
 } // namespace orv::decimal::detail
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

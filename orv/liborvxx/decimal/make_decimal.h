@@ -19,6 +19,8 @@
 #include <limits>
 #include <type_traits>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv::decimal {
 
 namespace detail {
@@ -175,5 +177,7 @@ constexpr ODecimal128 _make_decimal128(unsigned long long coefficient, int expon
 /// @}
 
 } // namespace orv::decimal
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -10,6 +10,7 @@
 #include "orv/liborvxx/text/char_traits.h"
 
 #include <cstddef>
+#include <iterator>
 #include <locale>
 
 /// Classes and case of UTF-16 units, the same in every locale: those of char_class.h, in the masks
@@ -99,8 +100,13 @@ protected:
     virtual char do_narrow(char_type c, char dflt) const;
 };
 
-// Declared before a stream over char16 can be made with the general template: see numpunct.h.
+// Declared before a stream over char16 can be made with the general templates: see numpunct.h,
+// num_get.h and num_put.h. A program that uses such a stream includes uistream.h or uostream.h.
 template <>
 class std::numpunct<orv::char16>;
+template <>
+class std::num_get<orv::char16>;
+template <>
+class std::num_put<orv::char16>;
 
 #endif

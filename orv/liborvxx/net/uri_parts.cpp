@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <iterator>
 
 namespace orv::net {
 
@@ -70,7 +71,7 @@ PathSegments::iterator PathSegments::begin() const noexcept {
 }
 
 std::size_t PathSegments::count() const noexcept {
-    return static_cast<std::size_t>(std::ranges::distance(*this));
+    return static_cast<std::size_t>(std::distance(begin(), end()));
 }
 
 QueryParameters::iterator::iterator(const char16* next, const char16* end) noexcept : end_(end) {

@@ -16,6 +16,8 @@
 #include <functional>
 #include <limits>
 
+#include "orv/liborvxx/base/macros_push.h"
+
 namespace orv {
 
 class binary16;
@@ -256,5 +258,7 @@ struct std::hash<orv::binary16> {
         return std::hash<int>()(value.rank());
     }
 };
+
+#include "orv/liborvxx/base/macros_pop.h"
 
 #endif

@@ -87,12 +87,23 @@ public:
         return static_cast<T>(value_);
     }
 
-    /// The unit of the same value.
-    explicit constexpr operator char16() const noexcept { return value_; }
+    /// The unit of the same value. Implicit, since a standard library may keep a unit, such as the
+    /// fill of a stream, as the `int_type` and hand it out without a word.
+    constexpr operator char16() const noexcept { return value_; }
 
     /// The order of the unsigned values.
     friend constexpr bool operator==(char16_int, char16_int) noexcept = default;
     friend constexpr std::strong_ordering operator<=>(char16_int, char16_int) noexcept = default;
+
+    /// The same beside a unit, which converts in both directions.
+    template <std::same_as<char16> T>
+    friend constexpr bool operator==(char16_int a, T b) noexcept {
+        return a == char16_int(b);
+    }
+    template <std::same_as<char16> T>
+    friend constexpr std::strong_ordering operator<=>(char16_int a, T b) noexcept {
+        return a <=> char16_int(b);
+    }
 
 private:
     char16_t value_;

@@ -4,6 +4,9 @@
 #include "orv/liborvxx/text/string_ref.h"
 
 #include "orv/liborvxx/locale/ctype.h"
+#include "orv/liborvxx/locale/detail/stream_failure.h"
+#include "orv/liborvxx/locale/num_get.h"
+#include "orv/liborvxx/locale/num_put.h"
 
 #include <ios>
 #include <ostream>
@@ -50,13 +53,7 @@ std::basic_ostream<CharT>& insert(std::basic_ostream<CharT>& os, basic_string_re
             written = putPadded(os, text);
         } catch (...) {
             os.width(0);
-            try {
-                os.setstate(std::ios_base::badbit);
-            } catch (const std::ios_base::failure&) { // the cause is thrown in its place
-            }
-            if ((os.exceptions() & std::ios_base::badbit) != 0) {
-                throw;
-            }
+            detail::setBadAndRethrow(os);
             return os;
         }
         os.width(0);

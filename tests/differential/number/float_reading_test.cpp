@@ -78,11 +78,13 @@ void expectSame(const Text& text, Float expected) {
 template <class Float>
 void expectLikePeers(const Text& text) {
     const auto expected = byCLibrary<Float>(text.begin());
+#if defined(__cpp_lib_to_chars) // libc++ 14 reads no floats
     Float other = expected;
     const auto result = std::from_chars(text.begin(), text.end(), other);
     if (result.ec != std::errc::result_out_of_range) { // which says nothing about the value
         ASSERT_EQ(floatBits(other), floatBits(expected)) << text.begin();
     }
+#endif
     ASSERT_NO_FATAL_FAILURE(expectSame<Float>(text, expected));
 }
 

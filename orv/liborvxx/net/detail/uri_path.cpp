@@ -111,7 +111,7 @@ bool isNormalizedPath(ustring_ref path) noexcept {
 
 PathText::PathText(std::size_t capacity) : units_(local_.data()) {
     if (capacity + PREFIX_SIZE > local_.size()) {
-        heap_ = std::make_unique_for_overwrite<char16[]>(capacity + PREFIX_SIZE);
+        heap_.reset(new char16[capacity + PREFIX_SIZE]);
         units_ = heap_.get();
     }
 }

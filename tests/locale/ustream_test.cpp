@@ -1,0 +1,501 @@
+// SPDX-License-Identifier: Apache-2.0
+/// \file
+/// \brief The stream classes over any buffer: construction, states, locales, and the operations
+/// under their own types.
+#include "orv/liborvxx/locale/uiostream.h"
+#include "orv/liborvxx/locale/ustringstream.h"
+#include "orv/liborvxx/text/literals.h"
+#include "tests/support/in_all_threads.h"
+#include "tests/support/shown_text.h"
+#include "tests/support/text_in.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iomanip>
+#include <iterator>
+#include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using orv::char16;
+using orv::char16_int;
+using orv::uiostream;
+using orv::uistream;
+using orv::uistringstream;
+using orv::ulocale;
+using orv::uostream;
+using orv::uostringstream;
+using orv::ustring;
+using orv::ustringstream;
+using orvtest::shown;
+using orvtest::textIn;
+using namespace orv::literals;
+
+using Buffer = std::basic_stringbuf<char16>;
+
+// Makes what is protected callable.
+template <class Stream>
+struct Open : Stream {
+    explicit Open(std::basic_streambuf<char16>* buffer) : Stream(buffer) {}
+    Open(Open&& other) : Stream(static_cast<Stream&&>(other)) {}
+    Open& operator=(Open&& other) {
+        Stream::operator=(static_cast<Stream&&>(other));
+        return *this;
+    }
+    using Stream::set_rdbuf;
+    using Stream::swap;
+};
+
+// Counts calls.
+struct CountingBuffer : Buffer {
+    using Buffer::Buffer;
+    int syncs = 0;
+    std::vector<std::locale> locales;
+
+protected:
+    int sync() override {
+        ++syncs;
+        return 0;
+    }
+    void imbue(const std::locale& loc) override { locales.push_back(loc); }
+};
+
+template <class Stream>
+class UStreamOfAnyKind : public testing::Test {};
+using AllKinds = testing::Types<Open<uistream>, Open<uostream>, Open<uiostream>>;
+TYPED_TEST_SUITE(UStreamOfAnyKind, AllKinds);
+
+TYPED_TEST(UStreamOfAnyKind, StartsOnTheClassicLocale) {
+    CountingBuffer buffer;
+    TypeParam stream(&buffer);
+    EXPECT_EQ(stream.rdbuf(), &buffer);
+    EXPECT_TRUE(stream.good());
+    EXPECT_EQ(stream.tie(), nullptr);
+    EXPECT_EQ(stream.fill(), u' ');
+    EXPECT_EQ(stream.precision(), 6);
+    EXPECT_EQ(stream.width(), 0);
+    EXPECT_EQ(stream.exceptions(), std::ios_base::goodbit);
+    EXPECT_EQ(stream.flags(), std::ios_base::skipws | std::ios_base::dec);
+    EXPECT_TRUE(stream.getloc() == std::locale(ulocale::classic()));
+    ASSERT_FALSE(buffer.locales.empty());
+    EXPECT_TRUE(buffer.locales.back() == stream.getloc());
+}
+
+TYPED_TEST(UStreamOfAnyKind, IsNotOnTheGlobalLocale) {
+    ulocale::global(ulocale(u"de_DE"_u));
+    Buffer buffer;
+    TypeParam stream(&buffer);
+    ulocale::global(ulocale::classic());
+    EXPECT_EQ(std::use_facet<std::numpunct<char16>>(stream.getloc()).decimal_point(), u'.');
+}
+
+TYPED_TEST(UStreamOfAnyKind, OnNoBufferIsBadWithoutAnException) {
+    TypeParam stream(nullptr);
+    EXPECT_TRUE(stream.bad());
+    EXPECT_EQ(stream.rdstate(), std::ios_base::badbit);
+    EXPECT_EQ(stream.rdbuf(), nullptr);
+    EXPECT_TRUE(std::has_facet<std::ctype<char16>>(stream.getloc()));
+    EXPECT_EQ(stream.fill(), u' ');
+}
+
+TYPED_TEST(UStreamOfAnyKind, FillIsASpaceWhateverTheLaterLocaleSays) {
+    Buffer buffer;
+    TypeParam stream(&buffer);
+    stream.imbue(std::locale::classic()); // no facets for char16
+    EXPECT_EQ(stream.fill(), u' ');
+}
+
+TYPED_TEST(UStreamOfAnyKind, ImbueReturnsTheLocaleBeforeAndReachesTheBuffer) {
+    CountingBuffer buffer;
+    TypeParam stream(&buffer);
+    const ulocale german(u"de_DE"_u);
+    const std::locale classic = stream.imbue(german);
+    EXPECT_TRUE(classic == std::locale(ulocale::classic()));
+    EXPECT_TRUE(stream.getloc() == std::locale(german));
+    EXPECT_TRUE(buffer.locales.back() == std::locale(german));
+    EXPECT_TRUE(stream.imbue(ulocale::classic()) == std::locale(german));
+    EXPECT_TRUE(stream.getloc() == classic);
+}
+
+TYPED_TEST(UStreamOfAnyKind, MovesStateButNoBuffer) {
+    Buffer buffer;
+    TypeParam source(&buffer);
+    const ulocale german(u"de_DE"_u);
+    source.imbue(german);
+    source.width(3);
+    source.precision(4);
+    source.fill(u'*');
+    source.setf(std::ios_base::hex, std::ios_base::basefield);
+    source.setstate(std::ios_base::eofbit);
+    TypeParam target(std::move(source));
+    EXPECT_EQ(target.rdbuf(), nullptr);
+    EXPECT_EQ(target.rdstate(), std::ios_base::eofbit);
+    EXPECT_EQ(target.width(), 3);
+    EXPECT_EQ(target.precision(), 4);
+    EXPECT_EQ(target.fill(), u'*');
+    EXPECT_TRUE((target.flags() & std::ios_base::hex) != 0);
+    EXPECT_TRUE(target.getloc() == std::locale(german));
+    // NOLINTBEGIN(bugprone-use-after-move)
+    EXPECT_EQ(source.rdbuf(), &buffer);
+    EXPECT_TRUE(source.getloc() == std::locale(german));
+    EXPECT_TRUE(buffer.getloc() == std::locale(german));
+    // NOLINTEND(bugprone-use-after-move)
+}
+
+TYPED_TEST(UStreamOfAnyKind, AssignmentAndSwapExchangeStateButNoBuffers) {
+    Buffer a;
+    Buffer b;
+    TypeParam first(&a);
+    TypeParam second(&b);
+    first.width(1);
+    second.width(2);
+    second.setstate(std::ios_base::failbit);
+    first.swap(second);
+    EXPECT_EQ(first.width(), 2);
+    EXPECT_TRUE(first.fail());
+    EXPECT_TRUE(second.good());
+    first = std::move(second);
+    EXPECT_EQ(first.width(), 1);
+    EXPECT_TRUE(first.good());
+    EXPECT_EQ(first.rdbuf(), &a);
+    EXPECT_EQ(second.rdbuf(), &b); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(second.width(), 2);
+}
+
+TEST(UIStream, MoveTakesTheCount) {
+    Buffer buffer(u"abc"_u);
+    Open<uistream> source(&buffer);
+    std::array<char16, 2> text;
+    source.read(text.data(), 2);
+    const Open<uistream> target(std::move(source));
+    EXPECT_EQ(target.gcount(), 2);
+    EXPECT_EQ(source.gcount(), 0); // NOLINT(bugprone-use-after-move)
+}
+
+TEST(UIOStream, MoveTakesTheCountAndLeavesAGoodSource) {
+    Buffer buffer(u"abc"_u);
+    Open<uiostream> source(&buffer);
+    std::array<char16, 8> text;
+    source.read(text.data(), 8);
+    EXPECT_TRUE(source.fail());
+    Open<uiostream> target(std::move(source));
+    EXPECT_EQ(target.gcount(), 3);
+    EXPECT_TRUE(target.fail());
+    target.clear(); // no buffer
+    EXPECT_TRUE(target.bad());
+    target.set_rdbuf(&buffer);
+    target.clear();
+    target << 1;
+    EXPECT_TRUE(target.good());
+    // NOLINTBEGIN(bugprone-use-after-move)
+    EXPECT_EQ(source.gcount(), 0);
+    EXPECT_TRUE(source.good());
+    source << 2;
+    // NOLINTEND(bugprone-use-after-move)
+    EXPECT_EQ(shown(buffer.str()), "12c");
+}
+
+TEST(UOStream, OnNoBufferWritesNothing) {
+    uostream os(nullptr);
+    os << 1 << u"text" << 'c' << U'\U0001F600' << u"view"_u << std::endl;
+    os.put(u'x').write(nullptr, 0).flush();
+    EXPECT_EQ(os.rdstate() & std::ios_base::badbit, std::ios_base::badbit);
+    EXPECT_EQ(os.tellp(), std::streampos(-1));
+}
+
+TEST(UIStream, OnNoBufferReadsNothing) {
+    uistream is(nullptr);
+    int number = 7;
+    ustring word = u"word"_u;
+    char32_t codePoint = U'x';
+    is >> number >> word >> codePoint;
+    EXPECT_TRUE(is.bad());
+    EXPECT_EQ(number, 7);
+    EXPECT_EQ(shown(word), "word");
+    EXPECT_EQ(codePoint, U'x');
+}
+
+// Every way of reading leaves the stream its type.
+TEST(UIStream, ChainsKeepTheType) {
+    uistringstream is(u"1 2 3 4 5 6 7 8 9.5 10.5 11.5 0x12 1abcdefg,hi\nj;kl"_u);
+    bool truth = false;
+    short s = 0;
+    unsigned short us = 0;
+    int i = 0;
+    unsigned int ui = 0;
+    long l = 0;
+    unsigned long ul = 0;
+    long long ll = 0;
+    float f = 0;
+    double d = 0;
+    long double ld = 0;
+    void* pointer = nullptr;
+    unsigned long long ull = 0;
+    uistream& chained =
+        is >> truth >> s >> us >> i >> ui >> l >> ul >> ll >> f >> d >> ld >> pointer >> ull;
+    EXPECT_EQ(&chained, &is);
+    EXPECT_TRUE(truth);
+    EXPECT_EQ(s, 2);
+    EXPECT_EQ(us, 3);
+    EXPECT_EQ(i, 4);
+    EXPECT_EQ(ui, 5U);
+    EXPECT_EQ(l, 6);
+    EXPECT_EQ(ul, 7U);
+    EXPECT_EQ(ll, 8);
+    EXPECT_EQ(f, 9.5F);
+    EXPECT_EQ(d, 10.5);
+    EXPECT_EQ(ld, 11.5L);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(pointer), 0x12U);
+    EXPECT_EQ(ull, 1U);
+
+    EXPECT_EQ(is.get(), char16_int(u'a'));
+    char16 unit{};
+    std::array<char16, 3> text;
+    uistream& more = is.get(unit).unget().ignore().putback(u'b').seekg(1, std::ios_base::cur);
+    EXPECT_EQ(unit, u'b');
+    more.get(text.data(), 3);
+    EXPECT_EQ(shown(ustring(text.data())), "cd");
+    Buffer sink;
+    uistream& rest = is.get(text.data(), 3, u'f').ignore(1).get(sink, u',').ignore(1, u',');
+    EXPECT_EQ(shown(ustring(text.data())), "e");
+    EXPECT_EQ(shown(sink.str()), "g");
+    std::array<char16, 9> line;
+    uistream& lines = rest.getline(line.data(), 9);
+    EXPECT_EQ(shown(ustring(line.data())), "hi");
+    lines.getline(line.data(), 9, u';').read(text.data(), 1);
+    EXPECT_EQ(shown(ustring(line.data())), "j");
+    EXPECT_EQ(text[0], u'k');
+    uistream& end = is.seekg(uistream::pos_type(0)).get(sink);
+    EXPECT_EQ(&end, &is);
+    EXPECT_EQ(sink.str().size(), 1 + is.str().find(u'\n'));
+}
+
+TEST(UIStream, ReadsIntoABuffer) {
+    uistringstream is(u"abc d"_u);
+    Buffer sink;
+    uistream& chained = is >> &sink;
+    EXPECT_EQ(&chained, &is);
+    EXPECT_EQ(shown(sink.str()), "abc d");
+    EXPECT_TRUE(is.eof());
+}
+
+TEST(UOStream, ChainsKeepTheType) {
+    uostringstream os;
+    Buffer source(u"source"_u);
+    const std::array<char16, 2> text{u'v', u'w'};
+    uostream& chained = os << true << ' ' << static_cast<short>(-2) << u' '
+                           << static_cast<unsigned short>(3) << ' ' << -4 << ' ' << 5U << ' ' << -6L
+                           << ' ' << 7UL << ' ' << -8LL << ' ' << 9ULL << ' ' << 1.5F << ' ' << 2.5
+                           << ' ' << 3.5L << ' ' << &source << ' ' << nullptr << ' '
+                           << reinterpret_cast<const void*>(std::uintptr_t{0x12});
+    EXPECT_EQ(&chained, &os);
+    uostream& more = os.put(u'u').write(text.data(), 2).flush();
+    EXPECT_EQ(&more, &os);
+    EXPECT_EQ(shown(os.str()), "1 -2 3 -4 5 -6 7 -8 9 1.5 2.5 3.5 source nullptr 0x12uvw");
+    os.seekp(uostream::pos_type(0)).put(u'T').seekp(-1, std::ios_base::end).put(u'W');
+    os.seekp(0, std::ios_base::beg).seekp(1, std::ios_base::cur).put(u'_');
+    EXPECT_EQ(shown(os.str()), "T_-2 3 -4 5 -6 7 -8 9 1.5 2.5 3.5 source nullptr 0x12uvW");
+}
+
+TEST(UStream, SeekingInNoDirectionFails) {
+    ustringstream stream(u"abc"_u);
+    for (const int direction : {-1, 3, 1 << 20, std::numeric_limits<int>::min()}) {
+        stream.seekg(0, direction);
+        EXPECT_EQ(stream.rdstate(), std::ios_base::failbit);
+        stream.clear();
+        stream.seekp(0, direction);
+        EXPECT_EQ(stream.rdstate(), std::ios_base::failbit);
+        stream.clear();
+    }
+}
+
+TEST(UStream, ManipulatorsOfAllKindsWork) {
+    ustringstream stream;
+    uostream& out = stream << std::hex << std::showbase << 255 << std::dec << std::endl
+                           << std::boolalpha << true << std::ends << std::flush;
+    EXPECT_EQ(&out, &stream);
+    EXPECT_EQ(shown(stream.str()), std::string("0xff\ntrue") + '\0');
+    uistringstream in(u"  ff x true"_u);
+    int number = 0;
+    char16 unit{};
+    bool truth = false;
+    uistream& read = in >> std::ws >> std::hex >> number >> unit >> std::boolalpha >> truth;
+    EXPECT_EQ(&read, &in);
+    EXPECT_EQ(number, 0xff);
+    EXPECT_EQ(unit, u'x');
+    EXPECT_TRUE(truth);
+    EXPECT_EQ(in.width(), 0);
+}
+
+TEST(UStream, ManipulatorsWithArgumentsWork) {
+    uostringstream os;
+    os << std::setw(5) << 42 << std::setfill(char16(u'*')) << std::setw(4) << u"x" << std::setw(4)
+       << u'y' << std::setw(4) << U'z' << std::setw(4) << std::u16string_view(u"v")
+       << std::setprecision(3) << 3.14159 << std::setbase(16) << 255;
+    EXPECT_EQ(shown(os.str()), "   42***x***y***z***v3.14ff");
+}
+
+TEST(UStream, QuotedWorksInBothDirections) {
+    ustringstream stream;
+    const ustring text = u"a \"b\" \\c"_u;
+    stream << std::quoted(text);
+    EXPECT_EQ(shown(stream.str()), "\"a \\\"b\\\" \\\\c\"");
+    ustring back;
+    stream >> std::quoted(back);
+    EXPECT_EQ(shown(back), shown(text));
+}
+
+TEST(UStream, StandardIteratorsWork) {
+    uistringstream numbers(u"1 2 3"_u);
+    const std::vector<int> read{std::istream_iterator<int, char16>(numbers),
+                                std::istream_iterator<int, char16>()};
+    EXPECT_EQ(read, (std::vector<int>{1, 2, 3}));
+    uistringstream units(u" a b"_u);
+    ustring text;
+    using Unit = std::istreambuf_iterator<char16>;
+    for (Unit unit(units.rdbuf()); unit != Unit(); ++unit) {
+        text.push_back(*unit);
+    }
+    EXPECT_EQ(shown(text), " a b");
+    uostringstream os;
+    const char16 separator[] = {u';', u'\0'};
+    std::copy(read.begin(), read.end(), std::ostream_iterator<int, char16>(os, separator));
+    std::copy(text.begin(), text.end(), std::ostreambuf_iterator<char16>(os));
+    EXPECT_EQ(shown(os.str()), "1;2;3; a b");
+}
+
+TEST(UStream, TemporariesKeepTheirType) {
+    EXPECT_EQ(shown((uostringstream() << 1 << u"a" << 'b' << u"c"_u << std::hex << 255).str()),
+              "1abcff");
+    int number = 0;
+    ustring word;
+    char32_t codePoint = 0;
+    EXPECT_TRUE((uistringstream(u"12 ab c"_u) >> number >> word >> codePoint).good() ||
+                codePoint == U'c');
+    EXPECT_EQ(number, 12);
+    EXPECT_EQ(shown(word), "ab");
+}
+
+TEST(UStream, LoopEndsWithTheInput) {
+    uistringstream is(u"1 2 3 x"_u);
+    int sum = 0;
+    int number = 0;
+    while (is >> number) {
+        sum += number;
+    }
+    EXPECT_EQ(sum, 6);
+    EXPECT_EQ(is.rdstate(), std::ios_base::failbit);
+    EXPECT_EQ(number, 0);
+}
+
+TEST(UStream, TiedStreamIsFlushed) {
+    CountingBuffer tied;
+    uostream out(&tied);
+    uistringstream in(u"1"_u);
+    in.tie(&out);
+    int number = 0;
+    in >> number;
+    EXPECT_EQ(tied.syncs, 1);
+    uostringstream os;
+    os.tie(&out);
+    os << u"text"_u;
+    EXPECT_EQ(tied.syncs, 2);
+    os.setstate(std::ios_base::failbit);
+    os << u"text"_u;
+    EXPECT_EQ(tied.syncs, 2);
+}
+
+TEST(UStream, UnitBufferedStreamIsFlushedAfterEachOutput) {
+    CountingBuffer buffer;
+    uostream out(&buffer);
+    out << u"a"_u;
+    EXPECT_EQ(buffer.syncs, 0);
+    out << std::unitbuf << u"a"_u;
+    EXPECT_EQ(buffer.syncs, 1);
+    out << 1 << 'c' << u"text" << u'c';
+    EXPECT_EQ(buffer.syncs, 5);
+}
+
+struct LocaleCase {
+    const char* name;
+    const char* number;
+    const char* grouped;
+};
+
+TEST(UStream, NumbersFollowTheLocaleInBothDirections) {
+    for (const auto& [name, number, grouped] :
+         {LocaleCase{"C", "1234567.5", "-1234567"},
+          LocaleCase{"de_DE", "1.234.567,5", "-1.234.567"},
+          LocaleCase{"fr_FR", "1<202F>234<202F>567,5", "-1<202F>234<202F>567"},
+          LocaleCase{"de_CH", "1<2019>234<2019>567.5", "-1<2019>234<2019>567"},
+          LocaleCase{"en_IN", "12,34,567.5", "-12,34,567"},
+          LocaleCase{"ps_AF", "1<066C>234<066C>567<066B>5", "-1<066C>234<066C>567"}}) {
+        SCOPED_TRACE(name);
+        const ulocale loc(textIn<char16>(name));
+        ustringstream stream;
+        stream.imbue(loc);
+        stream << std::fixed << std::setprecision(1) << 1234567.5;
+        EXPECT_EQ(shown(stream.str()), number);
+        double back = 0;
+        stream >> back;
+        EXPECT_EQ(back, 1234567.5);
+        EXPECT_TRUE(stream.eof());
+
+        ustringstream integers;
+        integers.imbue(loc);
+        integers << -1234567;
+        EXPECT_EQ(shown(integers.str()), grouped);
+        int integer = 0;
+        integers >> integer;
+        EXPECT_EQ(integer, -1234567);
+    }
+}
+
+TEST(UStream, DecimalCommaNeedsTheLocale) {
+    uostringstream os;
+    os << 1.5 << ' ';
+    os.imbue(ulocale(u"de_DE"_u));
+    os << 1.5;
+    EXPECT_EQ(shown(os.str()), "1.5 1,5");
+}
+
+TEST(UStream, NamesOfTruthFollowTheFacet) {
+    struct German : std::numpunct<char16> {
+        ustring do_truename() const override { return u"wahr"_u; }
+        ustring do_falsename() const override { return u"falsch"_u; }
+    };
+    ustringstream stream;
+    stream.imbue(std::locale(ulocale::classic(), new German));
+    stream << std::boolalpha << true << ' ' << false;
+    EXPECT_EQ(shown(stream.str()), "wahr falsch");
+    bool truth = false;
+    bool lie = true;
+    stream >> truth >> lie;
+    EXPECT_TRUE(truth);
+    EXPECT_FALSE(lie);
+}
+
+TEST(UStream, StreamsAreMadeInAllThreads) {
+    orvtest::inAllThreads([](std::size_t thread) {
+        for (int i = 0; i < 50; ++i) {
+            ustringstream stream;
+            stream << thread << ' ' << i;
+            std::size_t number = 0;
+            int turn = 0;
+            stream >> number >> turn;
+            EXPECT_EQ(number, thread);
+            EXPECT_EQ(turn, i);
+        }
+    });
+}
+
+} // namespace
