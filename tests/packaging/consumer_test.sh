@@ -5,6 +5,7 @@
 #   consumer_test.sh install shared|static        install into WORK/<kind>/prefix
 #   consumer_test.sh find_package shared|static   the consumer, with the CMake package
 #   consumer_test.sh pkg_config shared|static     the consumer, with the pkg-config files
+#       or debian, for what debian_package_test.sh has installed
 #   consumer_test.sh add_subdirectory             the consumer, with the source tree in its own
 #
 # The environment says with what: SOURCE and BUILD of the libraries, WORK (a directory to use up),
@@ -65,9 +66,9 @@ use_add_subdirectory() {
 
 use_pkg_config() {
     local file static=()
-    file=$(find "$prefix" -name orvxx.pc)
+    file=$(find "$prefix/" -name orvxx.pc)
     export PKG_CONFIG_PATH=${file%/*}
-    [ "$kind" = shared ] || static=(--static)
+    [ "$kind" != static ] || static=(--static)
     mkdir -p "$build"
 
     local version

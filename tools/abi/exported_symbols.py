@@ -58,7 +58,7 @@ def declared_identifiers(symbol):
 def is_ours(symbol, parts):
     return (parts[0] == "orv"
             or len(parts) == 1 and re.match("orv[A-Z]", parts[0])
-            or re.match(r"((typeinfo( name)?|vtable) for )?std::(__\w+::)?\w+<orv::\w+>(::|@@)",
+            or re.match(r"((typeinfo( name)?|vtable) for )?std::(__\w+::)?\w+<orv::\w+(>(::|@@)|, )",
                         symbol))
 
 
