@@ -386,15 +386,75 @@ DECIMAL_NUMBER = {
 }
 
 
+BOOL, SHORT, USHORT, INT, ULONG, LONG_LONG, FLOAT, DOUBLE, LONG_DOUBLE = range(9)
+OCT, DEC, HEX, FIXED, SCIENTIFIC, HEX_FLOAT = 1, 2, 3, 4, 8, 12
+SHOWBASE, SHOWPOS, UPPERCASE, BOOLALPHA = 16, 32, 64, 128
+
+
+def stream_number(kind, text, flags=DEC, punctuation=".,", grouping=(0, 0)):
+    return bytes([kind, flags, *punctuation.encode("latin-1"), *grouping]) + text.encode("latin-1")
+
+
+STREAM_NUMBER = {
+    "integer": stream_number(INT, "-123456 and more"),
+    "groups": stream_number(LONG_LONG, "1,234,567,890.5", grouping=(3, 3)),
+    "groups-uneven": stream_number(ULONG, "12,34,567", grouping=(3, 2)),
+    "groups-wrong": stream_number(INT, "1,23,4567", grouping=(3, 0)),
+    "groups-unlimited": stream_number(INT, "1234,567", grouping=(3, 127)),
+    "prefix-decides": stream_number(LONG_LONG, "0xFFg", 0),
+    "octal": stream_number(ULONG, "0777", OCT | SHOWBASE),
+    "hexadecimal": stream_number(ULONG, "0xdeadbeef", HEX | SHOWBASE | UPPERCASE),
+    "too-large": stream_number(USHORT, "70000"),
+    "negative-unsigned": stream_number(USHORT, "-1"),
+    "true": stream_number(BOOL, "true", DEC | BOOLALPHA),
+    "name-cut": stream_number(BOOL, "falsy", DEC | BOOLALPHA),
+    "two": stream_number(BOOL, "2"),
+    "double": stream_number(DOUBLE, "6.02214076e23 mol"),
+    "double-comma": stream_number(DOUBLE, "1.234,5", DEC | FIXED, ",.", (3, 0)),
+    "double-tie": stream_number(DOUBLE, "9007199254740993." + "0" * 800 + "1"),
+    "double-huge": stream_number(DOUBLE, "1e999"),
+    "double-no-exponent": stream_number(DOUBLE, "1e+"),
+    "float-tie": stream_number(FLOAT, "16777217", DEC | SCIENTIFIC),
+    "hex-float": stream_number(DOUBLE, "0x1.8p-1074", DEC | HEX_FLOAT),
+    "long-double": stream_number(LONG_DOUBLE, "3.14159265358979323846264338327950288"),
+    "long-double-hex": stream_number(LONG_DOUBLE, "0xc.9p-3", DEC | HEX_FLOAT),
+    "long-double-smallest": stream_number(LONG_DOUBLE, "3.6451995318824746025e-4951"),
+    "point-is-separator": stream_number(DOUBLE, "1.2.3", DEC, "..", (1, 0)),
+    "digit-as-point": stream_number(DOUBLE, "15253", DEC, "5,", (0, 0)),
+    "sign-as-separator": stream_number(INT, "-1-2", DEC, ".-", (1, 0)),
+}
+
+
+def pieces(charset, steps, payload):
+    """Steps: the size of a piece of bytes in the low half, that of a block of text in the high one."""
+    return bytes([charset, len(steps), *steps]) + payload
+
+
+CHARSET_STREAMBUF = {
+    "utf-8-single-bytes": pieces(UTF_8, [0x11], (RUSSIAN + EMOJI).encode()),
+    "utf-8-blocks": pieces(UTF_8, [0xF3, 0x2F], (ENGLISH + CHINESE + EMOJI).encode()),
+    "utf-8-cut-off": pieces(UTF_8, [0x12], EMOJI.encode()[:-2]),
+    "utf-8-bad": pieces(UTF_8, [0x41, 0x14], b"ok \xff\xc3( \xed\xa0\xbd \xf0\x9f\x98"),
+    "utf-16-odd": pieces(UTF_16LE, [0x13, 0x31], EMOJI.encode("utf-16-le") + b"\x3d"),
+    "utf-16-lone": pieces(UTF_16BE, [0x22], b"\xd8\x3d\x00a\xde\x00\xff\xff\xd8\x3d"),
+    "cesu-8": pieces(CESU_8, [0x15], cesu8(EMOJI)),
+    "ascii-bad": pieces(US_ASCII, [0x71], b"caf\xc3\xa9"),
+    **{name: pieces(charset, [0x11, 0x32, 0xF7], text.encode(codec, "ignore"))
+       for name, (charset, codec, text) in TABLES.items()},
+}
+
+
 TARGETS = {
     "fuzz_big_uint": BIG_UINT,
     "fuzz_charset_name": CHARSET_NAME,
+    "fuzz_charset_streambuf": CHARSET_STREAMBUF,
     "fuzz_decode": DECODE,
     "fuzz_encode": ENCODE,
     "fuzz_decimal_number": DECIMAL_NUMBER,
     "fuzz_decimal_text": DECIMAL_TEXT,
     "fuzz_number_text": NUMBER_TEXT,
     "fuzz_roundtrip": ROUNDTRIP,
+    "fuzz_stream_number": STREAM_NUMBER,
     "fuzz_string_builder": STRING_BUILDER,
     "fuzz_string_ref": STRING_REF,
     "fuzz_uri_normalize": URI_NORMALIZE,

@@ -3,7 +3,7 @@
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
     bench_report.py [--write PAGE] charset.json number.json number_text.json decimal.json uri.json \
-        uuid.json load.json liborvxx.so
+        uuid.json stream.json load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -232,6 +232,28 @@ def uuid_table(times):
     return lines
 
 
+def stream_sections(times, rates):
+    """Numbers in nanoseconds, then lines of a file in MB per second, beside wchar_t and char."""
+    numbers, lines_read = {}, {}
+    for name, time in times.items():
+        operation, what, who = name.split("/")
+        if operation == "lines":
+            lines_read.setdefault(what, {})[who] = rates[name] / 1e6
+        else:
+            numbers.setdefault(f"{operation}, {what}", {})[who] = time
+    whos = ("orvxx", "wchar_t", "char")
+    lines = header(["Numbers", *whos, "times wchar_t's"], 1)
+    for operation, by in numbers.items():
+        lines.append(row([operation] + [short(by[who]) for who in whos]
+                         + [f"{by['orvxx'] / by['wchar_t']:.2f}"]))
+    lines += ["", "Lines of a UTF-8 file in MB per second; `char` decodes nothing.", ""]
+    lines += header(["Lines", *whos, "to wchar_t"], 1)
+    for text, by in lines_read.items():
+        lines.append(row([text] + [f"{by[who]:.0f}" for who in whos]
+                         + [f"{by['orvxx'] / by['wchar_t']:.1f}"]))
+    return lines + [""]
+
+
 def load_section(context, times, library):
     """What a program pays that links with the library: time to start and end, and size."""
     lines = ["### Loading", "", machine(context), "",
@@ -264,6 +286,7 @@ def report(arguments):
     decimal_context, decimal_runs = load(arguments.decimal_json)
     uri_context, uri_runs = load(arguments.uri_json)
     _, uuid_runs = load(arguments.uuid_json)
+    stream_context, stream_runs = load(arguments.stream_json)
     load_context, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
     lines += charset_sections(best(charset_runs, "bytes_per_second", max))
@@ -279,6 +302,10 @@ def report(arguments):
     lines += uri_sections(best(uri_runs, "cpu_time", min))
     lines += ["### UUIDs", "", "Nanoseconds for one.", ""]
     lines += uuid_table(best(uuid_runs, "cpu_time", min)) + [""]
+    line_runs = [run for run in stream_runs if "bytes_per_second" in run]
+    lines += ["### Streams", "", machine(stream_context), "", "Nanoseconds for one number.", ""]
+    lines += stream_sections(best(stream_runs, "cpu_time", min),
+                             best(line_runs, "bytes_per_second", max))
     lines += load_section(load_context, best(load_runs, "real_time", min), arguments.library)
     return "\n".join(lines)
 
@@ -301,6 +328,7 @@ def main():
     parser.add_argument("decimal_json")
     parser.add_argument("uri_json")
     parser.add_argument("uuid_json")
+    parser.add_argument("stream_json")
     parser.add_argument("load_json")
     parser.add_argument("library", help="the shared library, for its size")
     arguments = parser.parse_args()
