@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
-# Shows what recode does with the sample texts: show-samples.sh BUILD-DIR [MEBIBYTES]
+# Shows what recode does with the sample texts, and the tour: show-samples.sh BUILD-DIR [MEBIBYTES]
 # Fails if a text does not come back from a round trip as it was. MEBIBYTES is the size of the text
 # on which the speed is measured, 64 unless given.
 set -euo pipefail
@@ -8,8 +8,9 @@ export LC_ALL=C
 
 build=${1:?usage: show-samples.sh BUILD-DIR [MEBIBYTES]}
 mebibytes=${2:-64}
+build=$(cd "$build" && pwd)
 samples=$(cd "$(dirname "$0")" && pwd)/samples
-recode=$(cd "$build" && pwd)/examples/recode
+recode=$build/examples/recode
 cd "$samples"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -123,3 +124,6 @@ if [ "$failures" -ne 0 ]; then
     echo "$failures round trips changed the text" >&2
     exit 1
 fi
+
+echo
+"$build/examples/tour" ..
