@@ -9,6 +9,7 @@
 #include "tests/locale/stream_conformance_input.h"
 #include "tests/locale/stream_conformance_output.h"
 #include "tests/locale/stream_conformance_rows.h"
+#include "tests/locale/stream_conformance_trace.h"
 #include "tests/support/case_count.h"
 
 #include <algorithm>
@@ -23,12 +24,11 @@
 namespace {
 
 using orv::char16;
+using orvtest::Fault;
 using orvtest::FaultyBuffer;
 using orvtest::InputRow;
-using orvtest::InputScript;
-using orvtest::OutputScript;
-using orvtest::StreamsOf;
-using orvtest::textIn;
+using orvtest::inputTrace;
+using orvtest::outputTrace;
 
 /// Operations, separated by "; ".
 std::vector<std::string> operations(std::string_view script) {
@@ -74,64 +74,6 @@ std::vector<std::string> withoutDifferences(std::vector<std::string> script) {
     };
     script.erase(std::find_if(script.begin(), script.end(), differs), script.end());
     return script;
-}
-
-/// How far a stream's buffer works, and what it does then.
-struct Fault {
-    std::size_t good;
-    bool throws;
-};
-
-template <class CharT>
-std::string inputTrace(std::string_view text, const std::vector<std::string>& script) {
-    typename StreamsOf<CharT>::StringIn in(textIn<CharT>(text));
-    InputScript<CharT> run(in);
-    std::string trace;
-    for (const std::string& operation : script) {
-        trace += run.perform(operation);
-    }
-    return trace;
-}
-
-template <class CharT>
-std::string inputTrace(std::string_view text, const std::vector<std::string>& script, Fault fault) {
-    FaultyBuffer<CharT> buffer(textIn<CharT>(text), fault.good, fault.throws);
-    typename StreamsOf<CharT>::In in(&buffer);
-    InputScript<CharT> run(in);
-    std::string trace;
-    for (const std::string& operation : script) {
-        trace += run.perform(operation);
-    }
-    return trace;
-}
-
-template <class CharT>
-std::string outputTrace(const std::vector<std::string>& script) {
-    typename StreamsOf<CharT>::StringOut out;
-    OutputScript<CharT> run(out);
-    std::string trace;
-    for (const std::string& operation : script) {
-        trace += run.perform(operation);
-        trace += "  " + orvtest::shownUnits(std::basic_string<CharT>(out.str())) + '\n';
-    }
-    return trace;
-}
-
-template <class CharT>
-std::string outputTrace(const std::vector<std::string>& script, Fault fault) {
-    FaultyBuffer<CharT> buffer({}, fault.good, fault.throws);
-    typename StreamsOf<CharT>::Out out(&buffer);
-    OutputScript<CharT> run(out);
-    std::string trace;
-    for (const std::string& operation : script) {
-        std::string line = run.perform(operation);
-        // Only text over char16 says what the width is after the buffer has failed.
-        line.erase(line.rfind(" width"));
-        out.width(0);
-        line += '\n';
-        trace += line + "  " + orvtest::shownUnits(buffer.written()) + '\n';
-    }
-    return trace;
 }
 
 void expectEqualInput(const InputRow& row) {

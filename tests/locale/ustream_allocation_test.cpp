@@ -16,7 +16,6 @@
 
 namespace {
 
-using orv::char16;
 using orv::uistringstream;
 using orv::ulocale;
 using orv::uostringstream;
