@@ -14,7 +14,7 @@
 #include <iomanip>
 #include <ios>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -33,7 +33,9 @@ std::string bytesOf(const std::string& path) {
     if (!file) {
         throw std::runtime_error("cannot read " + path);
     }
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
 }
 
 void title(const char* text) {

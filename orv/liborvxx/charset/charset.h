@@ -106,8 +106,10 @@ protected:
     ///
     /// A name consists of ASCII letters and digits and of `+ - . : _`, which may not come first.
     /// \exception std::invalid_argument* (thrown as a pointer) "invalid charset name: " and the
-    /// name \exception std::invalid_argument "duplicate alias" for two aliases that differ in case
-    /// alone \exception std::logic_error "ambiguous charset names" if another set has the name
+    ///            name
+    /// \exception std::invalid_argument "duplicate alias" for two aliases that differ in case
+    ///            alone
+    /// \exception std::logic_error "ambiguous charset names" if another set has the name
     Charset(int mibEnum, const ustring_ref& name, std::initializer_list<ustring_ref> aliases);
 
     /// Must never run.

@@ -91,10 +91,11 @@ public:
     ///
     /// At the end of the input (\p endOfInput true) an unfinished sequence is malformed, its length
     /// all that remains. The replacement is written whole or not at all. Behind the position that
-    /// is left in \p out, up to its limit, units may have been overwritten. \exception
-    /// std::logic_error "CharsetDecoder::decode: illegal state" \exception CoderMalfunctionError
-    /// "CharsetDecoder::decode: unexpected buffer overflow" or "CharsetDecoder::decode: unexpected
-    /// buffer underflow" if the loop ran into a buffer's limit
+    /// is left in \p out, up to its limit, units may have been overwritten.
+    /// \exception std::logic_error "CharsetDecoder::decode: illegal state"
+    /// \exception CoderMalfunctionError "CharsetDecoder::decode: unexpected buffer overflow" or
+    ///            "CharsetDecoder::decode: unexpected buffer underflow" if the loop ran into a
+    ///            buffer's limit
     CoderResult decode(Buffer<const unsigned char>& in, Buffer<char16>& out, bool endOfInput);
 
     /// Writes what the decoder held back. To be repeated with more room after an overflow; harmless

@@ -154,7 +154,13 @@ bool CharsetEncoder::canEncode(Buffer<const char16>& in) {
     } else if (state_ != detail::ST_RESET) {
         throw std::logic_error("CharsetEncoder::canEncode: illegal state");
     }
-    // The actions stay in force for the test. They are put back because a hook may change them.
+    const bool encodable = tryEncode(in);
+    reset();
+    return encodable;
+}
+
+// The actions stay in force for the test. They are put back because a hook may change them.
+bool CharsetEncoder::tryEncode(Buffer<const char16>& in) {
     struct Restore {
         CharsetEncoder& encoder;
         CodingErrorAction malformed = encoder.malformedInputAction_;
@@ -164,14 +170,12 @@ bool CharsetEncoder::canEncode(Buffer<const char16>& in) {
             encoder.unmappableCharacterAction_ = unmappable;
         }
     } const restore{*this};
-    bool encodable = true;
     try {
         encode(in);
     } catch (const CharacterCodingError&) {
-        encodable = false;
+        return false;
     }
-    reset();
-    return encodable;
+    return true;
 }
 
 bool CharsetEncoder::canEncode(ustring_ref text) {

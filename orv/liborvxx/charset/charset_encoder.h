@@ -83,11 +83,13 @@ public:
     /// Forgets what went before: ready for a new run.
     CharsetEncoder& reset();
 
-    /// One step of a run, as `CharsetDecoder::decode`. At the end of the input a lone high
-    /// surrogate is malformed, of length 1. \exception std::logic_error "CharsetEncoder::encode:
-    /// illegal state" \exception CoderMalfunctionError "CharsetEncoder::encode: unexpected buffer
-    /// overflow" or "CharsetEncoder::encode: unexpected buffer underflow" if the loop ran into a
-    /// buffer's limit
+    /// One step of a run, as `CharsetDecoder::decode`; bytes behind the position that is left in
+    /// \p out may have been overwritten. At the end of the input a lone high surrogate is
+    /// malformed, of length 1.
+    /// \exception std::logic_error "CharsetEncoder::encode: illegal state"
+    /// \exception CoderMalfunctionError "CharsetEncoder::encode: unexpected buffer overflow" or
+    ///            "CharsetEncoder::encode: unexpected buffer underflow" if the loop ran into a
+    ///            buffer's limit
     CoderResult encode(Buffer<const char16>& in, Buffer<unsigned char>& out, bool endOfInput);
 
     /// Writes what the encoder held back, as `CharsetDecoder::flush`.
@@ -147,6 +149,7 @@ protected:
 private:
     static bool isDefaultIgnorable(char32_t cp) noexcept;
     bool canEncode(Buffer<const char16>& in);
+    ORVXX_LOCAL bool tryEncode(Buffer<const char16>& in);
 
     Charset* charset_;
     float averageBytesPerChar_;

@@ -120,7 +120,8 @@ public:
 
     /// All of \p csq, fetched with `charAt`; the text "null" for a null pointer.
     /// \exception std::length_error "appendImpl: (end - start) (N) > (<max_size> - this->length())
-    /// (M)" if the text would exceed the `max_size()` of a string; so in all overloads
+    /// (M)" if the text would exceed the `max_size()` of a string; so wherever more than a unit is
+    /// appended
     StringBuilder& append(CharSequence* csq) override;
 
     /// Units \p start up to \p end of \p csq, or of the text "null".
