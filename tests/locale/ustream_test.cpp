@@ -308,6 +308,39 @@ TEST(UStream, DecimalCommaNeedsTheLocale) {
     EXPECT_EQ(shown(os.str()), "1.5 1,5");
 }
 
+TEST(UStream, DigitOfAnotherScriptIsNoNumber) {
+    uistringstream is(u"\u0663"_u);
+    int number = 7;
+    is >> number;
+    EXPECT_EQ(is.rdstate(), std::ios_base::failbit);
+    EXPECT_EQ(number, 0);
+    is.clear();
+    EXPECT_EQ(is.get(), char16_int(u'\u0663'));
+}
+
+TEST(UStream, NamesOfTruthAreThoseOfTheLocale) {
+    const ulocale german(u"de_DE"_u);
+    uostringstream os;
+    os.imbue(german);
+    os << std::boolalpha << true << ' ' << false;
+    const auto& names = std::use_facet<std::numpunct<wchar_t>>(std::locale(german));
+    std::string expected;
+    for (const wchar_t c : names.truename() + L' ' + names.falsename()) {
+        expected += static_cast<char>(c);
+    }
+    EXPECT_EQ(shown(os.str()), expected);
+}
+
+TEST(UStream, ClassicLocaleOnANewStreamChangesNothing) {
+    uostringstream fresh;
+    uostringstream imbued;
+    imbued.imbue(ulocale::classic());
+    fresh << 1234567.5 << ' ' << true << ' ' << -1;
+    imbued << 1234567.5 << ' ' << true << ' ' << -1;
+    EXPECT_EQ(shown(imbued.str()), shown(fresh.str()));
+    EXPECT_TRUE(imbued.getloc() == fresh.getloc());
+}
+
 TEST(UStream, NamesOfTruthFollowTheFacet) {
     struct German : std::numpunct<char16> {
         ustring do_truename() const override { return u"wahr"_u; }

@@ -192,6 +192,17 @@ TEST(UStreamText, NullPointerSetsBadbit) {
     }
 }
 
+TEST(UStreamText, ViewUsesUpTheWidthAlsoInABadState) {
+    uostream os(nullptr);
+    os.width(5);
+    os << u"a"_u;
+    EXPECT_TRUE(os.bad());
+    EXPECT_EQ(os.width(), 0);
+    os.width(5);
+    os << 'a';
+    EXPECT_EQ(os.width(), 5); // as the standard library's
+}
+
 TEST(UStreamText, NothingIsWrittenInABadState) {
     uostringstream os;
     os.setstate(std::ios_base::eofbit);

@@ -219,6 +219,7 @@ uostream& uostream::seekp(std::int64_t offset, int direction) {
 
 uostream& operator<<(uostream& os, ustring_ref text) {
     static_cast<Base&>(os) << text;
+    os.width(0); // also of a stream that was not good
     return os;
 }
 

@@ -107,17 +107,18 @@ ORVXX_API void insert(std::basic_ostream<char16>& os, char32_t codePoint);
 /// null pointer. Each function returns the stream under the type it was given.
 /// @{
 
+/// `width()` is 0 afterwards also where the stream was not good and nothing is written.
 ORVXX_API uostream& operator<<(uostream& os, ustring_ref text);
 
 template <std::derived_from<uostream> Stream, typename Allocator>
 Stream& operator<<(Stream& os,
                    const std::basic_string<char16, std::char_traits<char16>, Allocator>& text) {
-    static_cast<uostream&>(os) << ustring_ref(text.data(), text.size());
+    static_cast<std::basic_ostream<char16>&>(os) << ustring_ref(text.data(), text.size());
     return os;
 }
 template <std::derived_from<uostream> Stream, std::same_as<ustring_view> Text>
 Stream& operator<<(Stream& os, Text text) {
-    static_cast<uostream&>(os) << ustring_ref(text);
+    static_cast<std::basic_ostream<char16>&>(os) << ustring_ref(text);
     return os;
 }
 
