@@ -120,22 +120,26 @@ std::shared_ptr<ulocale::Data> ulocale::environmentData() {
 
 // Facets.
 
+// NOLINTBEGIN(performance-unnecessary-value-param): a locale is a handle
+
 std::locale ulocale::addGenericFacets(std::locale loc) {
     loc = std::locale(loc, sharedFacet<std::ctype<char16>>());
     loc = std::locale(loc, sharedFacet<std::num_get<char16>>());
-    return std::locale(loc, sharedFacet<std::num_put<char16>>());
+    return {loc, sharedFacet<std::num_put<char16>>()};
 }
 
 std::locale ulocale::addClassicFacets(std::locale loc) {
-    return std::locale(addGenericFacets(std::move(loc)), sharedFacet<std::numpunct<char16>>());
+    return {addGenericFacets(loc), sharedFacet<std::numpunct<char16>>()};
 }
 
 std::locale ulocale::addSpecificFacets(std::locale loc) {
     auto punctuation = std::make_unique<numpunct_from_wide>(loc);
-    std::locale result(addGenericFacets(std::move(loc)), punctuation.get());
+    std::locale result(addGenericFacets(loc), punctuation.get());
     punctuation.release(); // NOLINT(bugprone-unused-return-value): the locale's from now on
     return result;
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 ulocale::numpunct_from_wide::numpunct_from_wide(const std::locale& loc, std::size_t refs)
     : StoredNumpunct(refs) {
