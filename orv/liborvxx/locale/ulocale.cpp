@@ -150,8 +150,9 @@ ulocale::numpunct_from_wide::~numpunct_from_wide() = default;
 
 // Handles.
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a locale is a handle
 std::shared_ptr<ulocale::Data> ulocale::makeData(std::locale loc, const ustring_ref& name) {
-    return std::make_shared<Data>(Data{std::move(loc), name.to_string()});
+    return std::make_shared<Data>(Data{loc, name.to_string()});
 }
 
 std::shared_ptr<ulocale::Data> ulocale::classicData() {

@@ -111,6 +111,7 @@ bool isNormalizedPath(ustring_ref path) noexcept {
 
 PathText::PathText(std::size_t capacity) : units_(local_.data()) {
     if (capacity + PREFIX_SIZE > local_.size()) {
+        // NOLINTNEXTLINE(modernize-make-unique): it would write zeros
         heap_.reset(new char16[capacity + PREFIX_SIZE]);
         units_ = heap_.get();
     }
