@@ -308,6 +308,15 @@ TEST(UStream, DecimalCommaNeedsTheLocale) {
     EXPECT_EQ(shown(os.str()), "1.5 1,5");
 }
 
+TEST(UStream, IntegersHeedEveryFlag) {
+    uostringstream os;
+    os << std::setw(5) << 42 << std::setw(4);
+    os << std::left << -7 << std::showpos << 8 << std::noshowpos << std::hex << 255 << std::dec;
+    os.imbue(ulocale(u"de_DE"_u));
+    os << u' ' << -1234567 << u' ' << 18446744073709551615U;
+    EXPECT_EQ(shown(os.str()), "   42-7  +8ff -1.234.567 18.446.744.073.709.551.615");
+}
+
 TEST(UStream, DigitOfAnotherScriptIsNoNumber) {
     uistringstream is(u"\u0663"_u);
     int number = 7;

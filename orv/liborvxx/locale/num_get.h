@@ -61,7 +61,8 @@ public:
     /// `failbit` is added to \p err if there is no such number or it does not fit, and `eofbit`
     /// where the end was seen. Pointers are hexadecimal. `bool` is 0 or 1, and any other
     /// number fails and gives true. With `boolalpha` it is one of the names, of which no more is
-    /// read than tells them apart; what is neither or both fails and gives false.
+    /// read than tells them apart, though the unit behind is looked at; what is neither or both
+    /// fails and gives false.
     /// \return behind what was read
     /// \exception std::bad_alloc
     /// \exception std::bad_cast if the locale has no facet `numpunct`

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Implementation.
+/// \brief Checks and places the separators between groups of digits.
 #include "orv/liborvxx/locale/detail/digit_grouping.h"
 
 #include "orv/liborvxx/locale/detail/number_punctuation.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Implementation.
+/// \brief Lays out a floating-point number as the flags of a stream say.
 #include "orv/liborvxx/locale/detail/float_text.h"
 
 #include <algorithm>

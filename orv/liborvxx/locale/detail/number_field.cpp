@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Implementation.
+/// \brief Reads the text of a number, unit by unit.
 #include "orv/liborvxx/locale/detail/number_field.h"
 
 #include "orv/liborvxx/base/platform.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Implementation.
+/// \brief Asks the facet, or knows the classic locale.
 #include "orv/liborvxx/locale/detail/number_punctuation.h"
 
 #include "orv/liborvxx/base/detail/immortal.h"

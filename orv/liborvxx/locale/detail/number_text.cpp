@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Implementation.
+/// \brief Writes the parts of a number with their padding and separators.
 #include "orv/liborvxx/locale/detail/number_text.h"
 
 #include "orv/liborvxx/locale/detail/digit_grouping.h"
