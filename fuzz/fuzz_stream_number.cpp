@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief Numbers in streams over `char16`: the units taken read alike when nothing follows them, a
-/// double is the one that the C library reads, and what is written reads back as the same.
+/// \brief Numbers in streams over `char16`: the units taken read alike when nothing follows them
+/// (but for a separator that ended the number), a double is the one that the C library reads, and
+/// what is written reads back as the same.
 ///
 /// Input: bytes for the type, the format (base, form of floats, showbase, showpos, uppercase,
 /// boolalpha), the point, the separator and the group sizes (two); the text, a unit for each byte.
@@ -151,9 +152,15 @@ void check(const ustring& text, const Format& format) {
     const ustring taken = text.substr(0, whole.taken);
     const auto cut = read<Value>(taken, format, locale);
     FUZZ_CHECK(cut.taken == taken.size());
-    FUZZ_CHECK(isSame(cut.value, whole.value));
-    FUZZ_CHECK((cut.state & std::ios_base::failbit) == (whole.state & std::ios_base::failbit));
-    if ((whole.state & std::ios_base::failbit) == 0) {
+    const bool hasFailed = (whole.state & std::ios_base::failbit) != 0;
+    // A separator without a digit of a group before it fails a number that may be one without it:
+    // the zero of "0,1" says "octal", and is in no group.
+    const bool isAtSeparator = whole.taken < text.size() && text[whole.taken] == format.separator;
+    if (!hasFailed || !isAtSeparator) {
+        FUZZ_CHECK(isSame(cut.value, whole.value));
+        FUZZ_CHECK(((cut.state & std::ios_base::failbit) != 0) == hasFailed);
+    }
+    if (!hasFailed) {
         if constexpr (std::is_same_v<Value, double>) {
             compareWithStrtod(whole.value, taken, format);
         }

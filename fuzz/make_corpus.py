@@ -402,6 +402,7 @@ STREAM_NUMBER = {
     "groups-wrong": stream_number(INT, "1,23,4567", grouping=(3, 0)),
     "groups-unlimited": stream_number(INT, "1234,567", grouping=(3, 127)),
     "prefix-decides": stream_number(LONG_LONG, "0xFFg", 0),
+    "octal-zero-group": stream_number(LONG_LONG, "0,123", 0, grouping=(3, 0)),
     "octal": stream_number(ULONG, "0777", OCT | SHOWBASE),
     "hexadecimal": stream_number(ULONG, "0xdeadbeef", HEX | SHOWBASE | UPPERCASE),
     "too-large": stream_number(USHORT, "70000"),
