@@ -3,7 +3,7 @@
 """Turns the JSON results of the benchmarks into the Markdown tables of the performance page.
 
     bench_report.py [--write PAGE] charset.json number.json number_text.json decimal.json uri.json \
-        uuid.json stream.json load.json liborvxx.so
+        uuid.json stream.json text.json load.json liborvxx.so
 
 Prints the tables, or with --write puts them between the two marker lines of PAGE. Where a benchmark was
 repeated the best run counts: other load on the machine makes runs slower and never faster.
@@ -254,6 +254,21 @@ def stream_sections(times, rates):
     return lines + [""]
 
 
+def text_section(times):
+    """Operations on text, a row for each operation and text."""
+    whos = ["orvxx", "orvxx builder", "std", "ICU"]
+    cases = {}
+    for name, time in times.items():
+        operation, text, who = name.split("/")
+        cases.setdefault(f"{operation}: {text}", {})[who] = time
+    lines = header(["Operation", *whos, "times std's", "times ICU's"], 1)
+    for operation, by in cases.items():
+        shares = [f"{by['orvxx'] / by[peer]:.2f}" if peer in by else "" for peer in whos[2:]]
+        lines.append(row([operation] + [short(by[who]) if who in by else "" for who in whos]
+                         + shares))
+    return lines + [""]
+
+
 def load_section(context, times, library):
     """What a program pays that links with the library: time to start and end, and size."""
     lines = ["### Loading", "", machine(context), "",
@@ -282,20 +297,23 @@ def machine(context):
 def report(arguments):
     context, charset_runs = load(arguments.charset_json)
     number_context, number_runs = load(arguments.number_json)
-    text_context, text_runs = load(arguments.number_text_json)
+    number_text_context, number_text_runs = load(arguments.number_text_json)
     decimal_context, decimal_runs = load(arguments.decimal_json)
     uri_context, uri_runs = load(arguments.uri_json)
     _, uuid_runs = load(arguments.uuid_json)
     stream_context, stream_runs = load(arguments.stream_json)
+    text_context, text_runs = load(arguments.text_json)
     load_context, load_runs = load(arguments.load_json)
     lines = [machine(context), "", "Character sets in GB of encoded text per second.", ""]
     lines += charset_sections(best(charset_runs, "bytes_per_second", max))
+    lines += ["### Text", "", machine(text_context), "", "Nanoseconds for one text.", ""]
+    lines += text_section(best(text_runs, "cpu_time", min))
     lines += ["### Numbers", "", machine(number_context), "", "Nanoseconds for one.", ""]
     lines += number_sections(best(number_runs, "cpu_time", min)) + [""]
-    lines += ["### Number text", "", machine(text_context), "",
+    lines += ["### Number text", "", machine(number_text_context), "",
               "Nanoseconds for one. `std` is `std::from_chars` and `std::to_chars`; `snprintf` writes"
               " `%.17g` and `%lld`.", ""]
-    lines += number_text_sections(best(text_runs, "cpu_time", min))
+    lines += number_text_sections(best(number_text_runs, "cpu_time", min))
     lines += ["### Decimals", "", machine(decimal_context), "", "Nanoseconds for one.", ""]
     lines += decimal_sections(best(decimal_runs, "cpu_time", min))
     lines += ["### URIs", "", machine(uri_context), "", "Nanoseconds for one.", ""]
@@ -329,6 +347,7 @@ def main():
     parser.add_argument("uri_json")
     parser.add_argument("uuid_json")
     parser.add_argument("stream_json")
+    parser.add_argument("text_json")
     parser.add_argument("load_json")
     parser.add_argument("library", help="the shared library, for its size")
     arguments = parser.parse_args()

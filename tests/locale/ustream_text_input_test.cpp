@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <concepts>
 #include <cstddef>
 #include <ios>
@@ -223,6 +224,21 @@ TEST(UStreamText, LineEndsAtTheEndMark) {
     is.clear();
     EXPECT_FALSE(getline(is, line)); // and does not get over it
     EXPECT_EQ(shown(line), "");
+}
+
+TEST(UStreamText, LinesOfEveryLengthEndAtTheFirstOfDelimiterAndEndMark) {
+    const char16 mark = std::char_traits<char16>::to_char_type(std::char_traits<char16>::eof());
+    for (std::size_t length = 0; length <= 80; ++length) {
+        for (std::size_t place = 0; place <= length + 2; ++place) {
+            ustring text = ustring(length, u'x') + ustring(u";yy"_u);
+            text[place] = mark;
+            uistringstream is(text);
+            ustring line;
+            getline(is, line, u';');
+            ASSERT_EQ(line.size(), std::min(length, place)) << length << ", mark at " << place;
+            ASSERT_EQ(is.good(), length < place) << length << ", mark at " << place;
+        }
+    }
 }
 
 TEST(UStreamText, LinesOfABufferThatHoldsNoneReadyAreRead) {

@@ -9,10 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <cwchar>
 #include <ios>
 #include <random>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -130,6 +132,30 @@ TEST(CharTraits, FindGivesTheFirstUnitOrNull) {
     EXPECT_EQ(Traits::find(text.data(), 5, u'\x6100'), text.data() + 1);
     EXPECT_EQ(Traits::find(text.data(), 5, u'\x6200'), nullptr);
     EXPECT_EQ(Traits::find(text.data(), 5, u'\0'), nullptr);
+}
+
+TEST(CharTraits, FindGivesTheFirstOfTwoUnitsAtEveryPlaceInTextsOfEveryLength) {
+    const char16 wanted = u'\x0A0D';
+    for (std::size_t n = 0; n <= 80; ++n) {
+        // Each shares a byte with what is looked for, or differs by one. The vector is no longer
+        // than the text, so that a look behind it is found.
+        const auto others = unitsOf({0x0A0C, 0x0D0A, 0x0A0E, 0x0A0A, 0x0D0D, 0xF5F2, 0x8A0D});
+        std::vector<char16> text(n);
+        for (std::size_t i = 0; i < n; ++i) {
+            text[i] = others[i % others.size()];
+        }
+        ASSERT_EQ(Traits::find(text.data(), n, wanted), nullptr) << n;
+        for (std::size_t second = n; second-- > 0;) {
+            const char16 kept = std::exchange(text[second], wanted);
+            ASSERT_EQ(Traits::find(text.data(), n, wanted), text.data() + second) << n;
+            ASSERT_EQ(Traits::find(text.data(), second, wanted), nullptr) << n << ", " << second;
+            const std::size_t first = second / 2;
+            const char16 keptToo = std::exchange(text[first], wanted);
+            ASSERT_EQ(Traits::find(text.data(), n, wanted), text.data() + first) << n;
+            text[first] = keptToo;
+            text[second] = kept;
+        }
+    }
 }
 
 TEST(CharTraits, AssignFillsAndReturnsItsDestination) {

@@ -258,15 +258,14 @@ std::ios_base::iostate readLine(uistream::Buffer& source, ustring& text, char16 
             return std::ios_base::goodbit;
         }
         const ustring_view ready = ReadyUnits::of(source);
-        const auto end = std::find_if(ready.begin(), ready.end(), [&](char16 unit) {
-            return unit == delimiter || unit == endMark;
-        });
-        if (end == ready.begin()) { // the buffer holds none
+        const ustring_view line = ready.substr(0, ready.find(delimiter));
+        const std::size_t size = std::min(line.find(endMark), line.size());
+        if (size == 0) { // the buffer holds none
             text.push_back(next);
             source.sbumpc();
         } else {
-            text.append(ready.begin(), end);
-            ReadyUnits::skip(source, static_cast<std::size_t>(end - ready.begin()));
+            text.append(line, 0, size);
+            ReadyUnits::skip(source, size);
         }
     }
 }

@@ -70,8 +70,18 @@ struct std::char_traits<orv::char16> {
     /// The first unit equal to \p c among \p n, or null.
     static constexpr const char_type* find(const char_type* p, std::size_t n,
                                            const char_type& c) noexcept {
-        for (std::size_t i = 0; i < n; ++i) {
-            if (p[i] == c) {
+        const char_type wanted = c;
+        std::size_t i = 0;
+        if (!std::is_constant_evaluated()) {
+            while (n - i >= 32 && !contains<32>(p + i, wanted)) {
+                i += 32;
+            }
+            while (n - i >= 8 && !contains<8>(p + i, wanted)) {
+                i += 8;
+            }
+        }
+        for (; i < n; ++i) {
+            if (p[i] == wanted) {
                 return p + i;
             }
         }
@@ -141,6 +151,17 @@ struct std::char_traits<orv::char16> {
     /// 0 if \p x is the end mark, otherwise \p x.
     static constexpr int_type not_eof(int_type x) noexcept {
         return x == eof() ? int_type(u'\0') : x;
+    }
+
+private:
+    // Never ends early, so that compilers make vector code of it.
+    template <std::size_t SIZE>
+    static bool contains(const char_type* p, char_type c) noexcept {
+        std::uint16_t found = 0;
+        for (std::size_t i = 0; i < SIZE; ++i) {
+            found = static_cast<std::uint16_t>(found | -static_cast<int>(p[i] == c));
+        }
+        return found != 0;
     }
 };
 

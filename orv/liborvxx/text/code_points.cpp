@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// \file
-/// \brief `Char16`: property questions put to the C library, radix digits, code points in text.
+/// \brief `Char16`: radix digits, narrow characters, code points in text.
 #include "orv/liborvxx/text/code_points.h"
 
 #include "orv/liborv/unicode/unichar.h"
@@ -12,10 +12,6 @@ namespace orv {
 
 namespace {
 
-bool hasProperty(char32_t c, OrvUniProperty bit) noexcept {
-    return (orvUniCharProperties(c) & bit) != 0;
-}
-
 bool validRadix(unsigned int radix) noexcept {
     return radix - Char16::MIN_RADIX <= Char16::MAX_RADIX - Char16::MIN_RADIX;
 }
@@ -25,54 +21,6 @@ constexpr char32_t codePoint(char16 c) noexcept {
 }
 
 } // namespace
-
-// A question about a unit is the question about the code point of the same number.
-#define ORV_CLASSIFY(name, answer)                                                                 \
-    bool Char16::name(char32_t c) noexcept {                                                       \
-        return answer;                                                                             \
-    }                                                                                              \
-    bool Char16::name(char16_t c) noexcept {                                                       \
-        return name(char32_t{c});                                                                  \
-    }                                                                                              \
-    bool Char16::name(char16 c) noexcept {                                                         \
-        return name(codePoint(c));                                                                 \
-    }
-
-ORV_CLASSIFY(isAlphabetic, orvUniCharIsAlphabetic(c) != 0)
-ORV_CLASSIFY(isDefined, orvUniCharIsDefined(c) != 0)
-ORV_CLASSIFY(isDigit, orvUniCharIsDecimalDigit(c) != 0)
-ORV_CLASSIFY(isISOControl, orvUniCharIsControl(c) != 0)
-ORV_CLASSIFY(isLetter, orvUniCharIsLetter(c) != 0)
-ORV_CLASSIFY(isLetterOrDigit, orvUniCharIsLetterOrDecimalDigit(c) != 0)
-ORV_CLASSIFY(isLowerCase, orvUniCharIsLower(c) != 0)
-ORV_CLASSIFY(isUpperCase, orvUniCharIsUpper(c) != 0)
-ORV_CLASSIFY(isTitleCase, orvUniCharIsTitle(c) != 0)
-ORV_CLASSIFY(isSpaceChar, (orvUniCharClass(c) & ORV_UNI_GROUP_MASK) == ORV_UNI_GROUP_SEPARATOR)
-ORV_CLASSIFY(isWhitespace, hasProperty(c, ORV_UNI_WHITE_SPACE))
-ORV_CLASSIFY(isIdentifierStart, hasProperty(c, ORV_UNI_ID_START))
-ORV_CLASSIFY(isIdentifierPart, hasProperty(c, ORV_UNI_ID_CONTINUE))
-ORV_CLASSIFY(isIdentifierIgnorable, orvUniCharClass(c) == ORV_UNI_CLASS_FORMAT ||
-                                        (orvUniCharClass(c) == ORV_UNI_CLASS_CONTROL &&
-                                         !hasProperty(c, ORV_UNI_WHITE_SPACE)))
-
-#undef ORV_CLASSIFY
-
-#define ORV_MAP_CASE(name, map)                                                                    \
-    char32_t Char16::name(char32_t c) noexcept {                                                   \
-        return static_cast<char32_t>(map(c));                                                      \
-    }                                                                                              \
-    char16_t Char16::name(char16_t c) noexcept {                                                   \
-        return static_cast<char16_t>(name(char32_t{c}));                                           \
-    }                                                                                              \
-    char16 Char16::name(char16 c) noexcept {                                                       \
-        return char16(name(codePoint(c)));                                                         \
-    }
-
-ORV_MAP_CASE(toLowerCase, orvUniCharToLower)
-ORV_MAP_CASE(toUpperCase, orvUniCharToUpper)
-ORV_MAP_CASE(toTitleCase, orvUniCharToTitle)
-
-#undef ORV_MAP_CASE
 
 int Char16::digit(char32_t c, unsigned int radix) noexcept {
     if (!validRadix(radix)) {

@@ -5,6 +5,7 @@
 #ifndef ORV_LIBORVXX_TEXT_CODE_POINTS_H
 #define ORV_LIBORVXX_TEXT_CODE_POINTS_H
 
+#include "orv/liborv/unicode/unichar.h"
 #include "orv/liborvxx/base/platform.h"
 #include "orv/liborvxx/text/char16.h"
 #include "orv/liborvxx/text/string_ref.h"
@@ -47,77 +48,101 @@ public:
     /// @{
 
     /// The derived property Alphabetic.
-    ORVXX_API static bool isAlphabetic(char16 c) noexcept;
-    ORVXX_API static bool isAlphabetic(char16_t c) noexcept;
-    ORVXX_API static bool isAlphabetic(char32_t c) noexcept;
+    static bool isAlphabetic(char16 c) noexcept { return isAlphabetic(value(c)); }
+    static bool isAlphabetic(char16_t c) noexcept { return isAlphabetic(char32_t{c}); }
+    static bool isAlphabetic(char32_t c) noexcept { return orvUniCharIsAlphabetic(c) != 0; }
     /// Any general category but unassigned.
-    ORVXX_API static bool isDefined(char16 c) noexcept;
-    ORVXX_API static bool isDefined(char16_t c) noexcept;
-    ORVXX_API static bool isDefined(char32_t c) noexcept;
+    static bool isDefined(char16 c) noexcept { return isDefined(value(c)); }
+    static bool isDefined(char16_t c) noexcept { return isDefined(char32_t{c}); }
+    static bool isDefined(char32_t c) noexcept { return orvUniCharIsDefined(c) != 0; }
     /// A decimal digit of any script (category Nd).
-    ORVXX_API static bool isDigit(char16 c) noexcept;
-    ORVXX_API static bool isDigit(char16_t c) noexcept;
-    ORVXX_API static bool isDigit(char32_t c) noexcept;
+    static bool isDigit(char16 c) noexcept { return isDigit(value(c)); }
+    static bool isDigit(char16_t c) noexcept { return isDigit(char32_t{c}); }
+    static bool isDigit(char32_t c) noexcept { return orvUniCharIsDecimalDigit(c) != 0; }
     /// A control character (category Cc).
-    ORVXX_API static bool isISOControl(char16 c) noexcept;
-    ORVXX_API static bool isISOControl(char16_t c) noexcept;
-    ORVXX_API static bool isISOControl(char32_t c) noexcept;
+    static bool isISOControl(char16 c) noexcept { return isISOControl(value(c)); }
+    static bool isISOControl(char16_t c) noexcept { return isISOControl(char32_t{c}); }
+    static bool isISOControl(char32_t c) noexcept { return orvUniCharIsControl(c) != 0; }
     /// A letter (categories L*).
-    ORVXX_API static bool isLetter(char16 c) noexcept;
-    ORVXX_API static bool isLetter(char16_t c) noexcept;
-    ORVXX_API static bool isLetter(char32_t c) noexcept;
+    static bool isLetter(char16 c) noexcept { return isLetter(value(c)); }
+    static bool isLetter(char16_t c) noexcept { return isLetter(char32_t{c}); }
+    static bool isLetter(char32_t c) noexcept { return orvUniCharIsLetter(c) != 0; }
     /// A letter or a decimal digit.
-    ORVXX_API static bool isLetterOrDigit(char16 c) noexcept;
-    ORVXX_API static bool isLetterOrDigit(char16_t c) noexcept;
-    ORVXX_API static bool isLetterOrDigit(char32_t c) noexcept;
+    static bool isLetterOrDigit(char16 c) noexcept { return isLetterOrDigit(value(c)); }
+    static bool isLetterOrDigit(char16_t c) noexcept { return isLetterOrDigit(char32_t{c}); }
+    static bool isLetterOrDigit(char32_t c) noexcept {
+        return orvUniCharIsLetterOrDecimalDigit(c) != 0;
+    }
     /// The derived property Lowercase.
-    ORVXX_API static bool isLowerCase(char16 c) noexcept;
-    ORVXX_API static bool isLowerCase(char16_t c) noexcept;
-    ORVXX_API static bool isLowerCase(char32_t c) noexcept;
+    static bool isLowerCase(char16 c) noexcept { return isLowerCase(value(c)); }
+    static bool isLowerCase(char16_t c) noexcept { return isLowerCase(char32_t{c}); }
+    static bool isLowerCase(char32_t c) noexcept { return orvUniCharIsLower(c) != 0; }
     /// The derived property Uppercase.
-    ORVXX_API static bool isUpperCase(char16 c) noexcept;
-    ORVXX_API static bool isUpperCase(char16_t c) noexcept;
-    ORVXX_API static bool isUpperCase(char32_t c) noexcept;
+    static bool isUpperCase(char16 c) noexcept { return isUpperCase(value(c)); }
+    static bool isUpperCase(char16_t c) noexcept { return isUpperCase(char32_t{c}); }
+    static bool isUpperCase(char32_t c) noexcept { return orvUniCharIsUpper(c) != 0; }
     /// A title-case letter (category Lt).
-    ORVXX_API static bool isTitleCase(char16 c) noexcept;
-    ORVXX_API static bool isTitleCase(char16_t c) noexcept;
-    ORVXX_API static bool isTitleCase(char32_t c) noexcept;
+    static bool isTitleCase(char16 c) noexcept { return isTitleCase(value(c)); }
+    static bool isTitleCase(char16_t c) noexcept { return isTitleCase(char32_t{c}); }
+    static bool isTitleCase(char32_t c) noexcept { return orvUniCharIsTitle(c) != 0; }
     /// A separator (categories Z*): NO-BREAK SPACE is one, TAB is none. Not the same question as
     /// `isWhitespace`.
-    ORVXX_API static bool isSpaceChar(char16 c) noexcept;
-    ORVXX_API static bool isSpaceChar(char16_t c) noexcept;
-    ORVXX_API static bool isSpaceChar(char32_t c) noexcept;
+    static bool isSpaceChar(char16 c) noexcept { return isSpaceChar(value(c)); }
+    static bool isSpaceChar(char16_t c) noexcept { return isSpaceChar(char32_t{c}); }
+    static bool isSpaceChar(char32_t c) noexcept {
+        return (orvUniCharClass(c) & ORV_UNI_GROUP_MASK) == ORV_UNI_GROUP_SEPARATOR;
+    }
     /// The property White_Space, which TAB has.
-    ORVXX_API static bool isWhitespace(char16 c) noexcept;
-    ORVXX_API static bool isWhitespace(char16_t c) noexcept;
-    ORVXX_API static bool isWhitespace(char32_t c) noexcept;
+    static bool isWhitespace(char16 c) noexcept { return isWhitespace(value(c)); }
+    static bool isWhitespace(char16_t c) noexcept { return isWhitespace(char32_t{c}); }
+    static bool isWhitespace(char32_t c) noexcept { return hasProperty(c, ORV_UNI_WHITE_SPACE); }
     /// The property ID_Start (UAX #31).
-    ORVXX_API static bool isIdentifierStart(char16 c) noexcept;
-    ORVXX_API static bool isIdentifierStart(char16_t c) noexcept;
-    ORVXX_API static bool isIdentifierStart(char32_t c) noexcept;
+    static bool isIdentifierStart(char16 c) noexcept { return isIdentifierStart(value(c)); }
+    static bool isIdentifierStart(char16_t c) noexcept { return isIdentifierStart(char32_t{c}); }
+    static bool isIdentifierStart(char32_t c) noexcept { return hasProperty(c, ORV_UNI_ID_START); }
     /// The property ID_Continue (UAX #31).
-    ORVXX_API static bool isIdentifierPart(char16 c) noexcept;
-    ORVXX_API static bool isIdentifierPart(char16_t c) noexcept;
-    ORVXX_API static bool isIdentifierPart(char32_t c) noexcept;
+    static bool isIdentifierPart(char16 c) noexcept { return isIdentifierPart(value(c)); }
+    static bool isIdentifierPart(char16_t c) noexcept { return isIdentifierPart(char32_t{c}); }
+    static bool isIdentifierPart(char32_t c) noexcept {
+        return hasProperty(c, ORV_UNI_ID_CONTINUE);
+    }
     /// A format character, or a control character that is no white space.
-    ORVXX_API static bool isIdentifierIgnorable(char16 c) noexcept;
-    ORVXX_API static bool isIdentifierIgnorable(char16_t c) noexcept;
-    ORVXX_API static bool isIdentifierIgnorable(char32_t c) noexcept;
+    static bool isIdentifierIgnorable(char16 c) noexcept { return isIdentifierIgnorable(value(c)); }
+    static bool isIdentifierIgnorable(char16_t c) noexcept {
+        return isIdentifierIgnorable(char32_t{c});
+    }
+    static bool isIdentifierIgnorable(char32_t c) noexcept {
+        return orvUniCharClass(c) == ORV_UNI_CLASS_FORMAT ||
+               (orvUniCharClass(c) == ORV_UNI_CLASS_CONTROL &&
+                !hasProperty(c, ORV_UNI_WHITE_SPACE));
+    }
 
     /// @}
     /// \name Case
     /// Simple case mappings: one code point to one code point, so no text gets longer. The 16-bit
     /// forms keep the low 16 bits of the answer.
     /// @{
-    ORVXX_API static char16 toLowerCase(char16 c) noexcept;
-    ORVXX_API static char16_t toLowerCase(char16_t c) noexcept;
-    ORVXX_API static char32_t toLowerCase(char32_t c) noexcept;
-    ORVXX_API static char16 toUpperCase(char16 c) noexcept;
-    ORVXX_API static char16_t toUpperCase(char16_t c) noexcept;
-    ORVXX_API static char32_t toUpperCase(char32_t c) noexcept;
-    ORVXX_API static char16 toTitleCase(char16 c) noexcept;
-    ORVXX_API static char16_t toTitleCase(char16_t c) noexcept;
-    ORVXX_API static char32_t toTitleCase(char32_t c) noexcept;
+    static char16 toLowerCase(char16 c) noexcept { return char16(toLowerCase(value(c))); }
+    static char16_t toLowerCase(char16_t c) noexcept {
+        return static_cast<char16_t>(toLowerCase(char32_t{c}));
+    }
+    static char32_t toLowerCase(char32_t c) noexcept {
+        return static_cast<char32_t>(orvUniCharToLower(c));
+    }
+    static char16 toUpperCase(char16 c) noexcept { return char16(toUpperCase(value(c))); }
+    static char16_t toUpperCase(char16_t c) noexcept {
+        return static_cast<char16_t>(toUpperCase(char32_t{c}));
+    }
+    static char32_t toUpperCase(char32_t c) noexcept {
+        return static_cast<char32_t>(orvUniCharToUpper(c));
+    }
+    static char16 toTitleCase(char16 c) noexcept { return char16(toTitleCase(value(c))); }
+    static char16_t toTitleCase(char16_t c) noexcept {
+        return static_cast<char16_t>(toTitleCase(char32_t{c}));
+    }
+    static char32_t toTitleCase(char32_t c) noexcept {
+        return static_cast<char32_t>(orvUniCharToTitle(c));
+    }
 
     /// @}
     /// \name Surrogates
@@ -239,7 +264,11 @@ public:
     /// @}
 
 private:
-    static constexpr unsigned int value(char16 u) noexcept { return static_cast<unsigned int>(u); }
+    static constexpr char32_t value(char16 u) noexcept { return static_cast<char32_t>(u); }
+
+    static bool hasProperty(char32_t c, OrvUniProperty bit) noexcept {
+        return (orvUniCharProperties(c) & bit) != 0;
+    }
 };
 
 // The forms that there are.
