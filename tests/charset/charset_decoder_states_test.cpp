@@ -18,6 +18,7 @@ namespace {
 using namespace orv::literals;
 using orv::CoderResult;
 using orvtest::RunState;
+using orvtest::ScriptedDecoder;
 using orvtest::thrownMessage;
 using testing::ElementsAre;
 using Bench = orvtest::DecoderBench;
@@ -25,6 +26,8 @@ using Units = orv::Buffer<orv::char16>;
 
 constexpr const char* ILLEGAL_DECODE = "CharsetDecoder::decode: illegal state";
 constexpr const char* ILLEGAL_FLUSH = "CharsetDecoder::flush: illegal state";
+constexpr const char* LEGAL = "nothing thrown";
+constexpr RunState STATES[] = {RunState::RESET, RunState::CODING, RunState::END, RunState::FLUSHED};
 
 TEST(CharsetDecoderStates, DecodeWithMoreToComeIsForResetAndCoding) {
     for (const RunState state : {RunState::RESET, RunState::CODING}) {
@@ -146,6 +149,75 @@ TEST(CharsetDecoderStates, AReportedErrorLeavesTheDecoderUsable) {
     b.in.position(2);
     EXPECT_EQ(b.again(false), CoderResult::underflow());
     EXPECT_EQ(b.written(), u"ab"_u);
+}
+
+// Settings.
+
+using Setting = void (*)(ScriptedDecoder&);
+
+constexpr Setting SETTINGS[] = {
+    [](ScriptedDecoder& decoder) { decoder.onMalformedInput(orv::REPLACE); },
+    [](ScriptedDecoder& decoder) { decoder.onUnmappableCharacter(orv::IGNORE); },
+    [](ScriptedDecoder& decoder) { decoder.replaceWith(u"!"_u); },
+};
+
+// What a step throws in a state in which a setting was made.
+template <class Step>
+std::string thrownBy(RunState state, Setting set, Step step) {
+    Bench b;
+    b.reach(state);
+    set(b.decoder);
+    return thrownMessage<std::logic_error>([&] { step(b); });
+}
+
+TEST(CharsetDecoderStates, ASettingLeavesEachStateAsItIs) {
+    for (const RunState state : STATES) {
+        const bool isOpen = state == RunState::RESET || state == RunState::CODING;
+        for (const Setting set : SETTINGS) {
+            EXPECT_EQ(thrownBy(state, set, [](Bench& b) { b.decode("b", false); }),
+                      isOpen ? LEGAL : ILLEGAL_DECODE);
+            EXPECT_EQ(thrownBy(state, set, [](Bench& b) { b.decode("b", true); }),
+                      state == RunState::FLUSHED ? ILLEGAL_DECODE : LEGAL);
+            EXPECT_EQ(thrownBy(state, set,
+                               [](Bench& b) {
+                                   EXPECT_EQ(b.decoder.flush(b.out), CoderResult::underflow());
+                               }),
+                      isOpen ? ILLEGAL_FLUSH : LEGAL);
+        }
+    }
+}
+
+TEST(CharsetDecoderStates, SettingsOfAnyStateHoldForWhatIsDecodedNext) {
+    for (const RunState state : STATES) {
+        Bench b;
+        b.reach(state);
+        for (const Setting set : SETTINGS) {
+            set(b.decoder);
+        }
+        b.out.clear();
+        if (state == RunState::FLUSHED) {
+            b.decoder.reset();
+        }
+        EXPECT_EQ(b.decode("b\x80\x81"
+                           "c",
+                           state == RunState::END),
+                  CoderResult::underflow());
+        EXPECT_EQ(b.written(), u"b!c"_u);
+        // A run later they still hold.
+        EXPECT_EQ(b.decoder.decode("\x81\x80"), u"!"_u);
+    }
+}
+
+TEST(CharsetDecoderStates, AnErrorThatComesUpAgainIsTreatedAsTheActionsSayThen) {
+    Bench b;
+    EXPECT_EQ(b.decode("a\x81\x80", true), CoderResult::unmappable(1));
+    b.decoder.onUnmappableCharacter(orv::REPLACE);
+    EXPECT_EQ(b.again(true), CoderResult::malformed(1));
+    EXPECT_EQ(b.written(), u"a\uFFFD"_u);
+    b.decoder.onMalformedInput(orv::REPLACE).replaceWith(u"!"_u);
+    EXPECT_EQ(b.again(true), CoderResult::underflow());
+    EXPECT_EQ(b.written(), u"a\uFFFD!"_u);
+    EXPECT_EQ(b.decoder.flush(b.out), CoderResult::underflow());
 }
 
 } // namespace

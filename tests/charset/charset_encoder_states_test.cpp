@@ -31,6 +31,8 @@ using Bytes = orv::Buffer<unsigned char>;
 constexpr const char* ILLEGAL_ENCODE = "CharsetEncoder::encode: illegal state";
 constexpr const char* ILLEGAL_FLUSH = "CharsetEncoder::flush: illegal state";
 constexpr const char* ILLEGAL_TEST = "CharsetEncoder::canEncode: illegal state";
+constexpr const char* LEGAL = "nothing thrown";
+constexpr RunState STATES[] = {RunState::RESET, RunState::CODING, RunState::END, RunState::FLUSHED};
 
 TEST(CharsetEncoderStates, EncodeWithMoreToComeIsForResetAndCoding) {
     for (const RunState state : {RunState::RESET, RunState::CODING}) {
@@ -130,6 +132,77 @@ TEST(CharsetEncoderStates, AnEmptyWholeInputChangesNothing) {
         EXPECT_EQ(thrownMessage<std::logic_error>([&] { b.encoder.flush(b.out); }),
                   flushable ? "nothing thrown" : ILLEGAL_FLUSH);
     }
+}
+
+// Settings.
+
+using Setting = void (*)(ScriptedEncoder&);
+
+constexpr Setting SETTINGS[] = {
+    [](ScriptedEncoder& encoder) { encoder.onMalformedInput(orv::REPLACE); },
+    [](ScriptedEncoder& encoder) { encoder.onUnmappableCharacter(orv::IGNORE); },
+    [](ScriptedEncoder& encoder) { encoder.replaceWith("!"); },
+};
+
+// What a step throws in a state in which a setting was made.
+template <class Step>
+std::string thrownBy(RunState state, Setting set, Step step) {
+    Bench b;
+    b.reach(state);
+    set(b.encoder);
+    return thrownMessage<std::logic_error>([&] { step(b); });
+}
+
+TEST(CharsetEncoderStates, ASettingLeavesEachStateAsItIs) {
+    for (const RunState state : STATES) {
+        const bool isOpen = state == RunState::RESET || state == RunState::CODING;
+        const bool isInRun = state == RunState::CODING || state == RunState::END;
+        for (const Setting set : SETTINGS) {
+            EXPECT_EQ(thrownBy(state, set, [](Bench& b) { b.encode(u"b"_u, false); }),
+                      isOpen ? LEGAL : ILLEGAL_ENCODE);
+            EXPECT_EQ(thrownBy(state, set, [](Bench& b) { b.encode(u"b"_u, true); }),
+                      state == RunState::FLUSHED ? ILLEGAL_ENCODE : LEGAL);
+            EXPECT_EQ(thrownBy(state, set,
+                               [](Bench& b) {
+                                   EXPECT_EQ(b.encoder.flush(b.out), CoderResult::underflow());
+                               }),
+                      isOpen ? ILLEGAL_FLUSH : LEGAL);
+            EXPECT_EQ(
+                thrownBy(state, set, [](Bench& b) { EXPECT_TRUE(b.encoder.canEncode(u"b"_u)); }),
+                isInRun ? ILLEGAL_TEST : LEGAL);
+        }
+    }
+}
+
+TEST(CharsetEncoderStates, SettingsOfAnyStateHoldForWhatIsEncodedNext) {
+    for (const RunState state : STATES) {
+        Bench b;
+        b.reach(state);
+        for (const Setting set : SETTINGS) {
+            set(b.encoder);
+        }
+        b.out.clear();
+        if (state == RunState::FLUSHED) {
+            b.encoder.reset();
+        }
+        const orv::ustring text{u'b', u'\xDC00', u'\xE9', u'c'};
+        EXPECT_EQ(b.encode(text, state == RunState::END), CoderResult::underflow());
+        EXPECT_EQ(b.written(), "b!c");
+        // A run later they still hold.
+        EXPECT_EQ(b.encoder.encode(text), "b!c");
+    }
+}
+
+TEST(CharsetEncoderStates, AnErrorThatComesUpAgainIsTreatedAsTheActionsSayThen) {
+    Bench b;
+    EXPECT_EQ(b.encode(orv::ustring{u'a', u'\xE9', u'\xDC00'}, true), CoderResult::unmappable(1));
+    b.encoder.onUnmappableCharacter(orv::REPLACE);
+    EXPECT_EQ(b.again(true), CoderResult::malformed(1));
+    EXPECT_EQ(b.written(), "a?");
+    b.encoder.onMalformedInput(orv::REPLACE).replaceWith("!");
+    EXPECT_EQ(b.again(true), CoderResult::underflow());
+    EXPECT_EQ(b.written(), "a?!");
+    EXPECT_EQ(b.encoder.flush(b.out), CoderResult::underflow());
 }
 
 // canEncode.

@@ -4,13 +4,17 @@
 /// harness: what the bases do for coders that keep a state and hold output back.
 #include "orv/liborvxx/charset/charset.h"
 
+#include "orv/liborvxx/locale/charset_streambuf.h"
 #include "orv/liborvxx/text/literals.h"
 #include "tests/support/coder_harness.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -196,6 +200,41 @@ TEST(StatefulCharset, EveryCallStartsFresh) {
                                               "a\x0F\n");
     EXPECT_EQ(shiftSet().encode(u"a"_u), "a");
     EXPECT_EQ(orv::Charset::forName(u"X-SHIFT"_u), &shiftSet());
+}
+
+TEST(StatefulCharset, AStreamBufferReadsWhatIsHeldBackAtTheEndOfAText) {
+    // Sizes around that of its area, where there is no room for it.
+    for (const std::size_t size : {1U, 4095U, 4096U, 4097U}) {
+        std::stringbuf bytes("\x0E" + std::string(size, 'a'));
+        bytes.pubseekoff(0, std::ios_base::end, std::ios_base::out);
+        orv::charset_streambuf in(bytes, shiftSet());
+        std::vector<char16> units(5000);
+        const auto read = [&] {
+            const std::streamsize count = in.sgetn(units.data(), 5000);
+            return orv::ustring(units.data(), static_cast<std::size_t>(count));
+        };
+        EXPECT_EQ(read(), orv::ustring(size, u'\u03B1') + char16(u']'));
+        bytes.sputc('a');
+        EXPECT_EQ(read(), u"a"_u) << "another text starts fresh";
+    }
+}
+
+TEST(StatefulCharset, AStreamBufferWritesWhatIsHeldBackWhenATextIsFinished) {
+    std::stringbuf bytes;
+    orv::charset_streambuf out(bytes, shiftSet());
+    out.sputc(u'\u03B1');
+    EXPECT_EQ(out.pubsync(), 0);
+    EXPECT_EQ(out.pubsync(), 0);
+    EXPECT_EQ(bytes.str(), "\x0E"
+                           "a");
+    EXPECT_TRUE(out.finish());
+    EXPECT_TRUE(out.finish());
+    EXPECT_EQ(bytes.str(), "\x0E"
+                           "a\x0F\n");
+    out.sputc(u'a');
+    EXPECT_TRUE(out.finish());
+    EXPECT_EQ(bytes.str(), "\x0E"
+                           "a\x0F\na");
 }
 
 } // namespace

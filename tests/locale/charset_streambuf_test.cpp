@@ -129,6 +129,8 @@ TEST(CharsetStreambuf, CarriesTextsOfSizesAroundTheAreas) {
 TEST(CharsetStreambuf, IsAsFarAsTheBytesAre) {
     Source source({"ab", "c\xE2\x82", "\xAC", "", "d"});
     charset_streambuf buffer(source);
+    EXPECT_EQ(u'a', buffer.sgetc());
+    EXPECT_EQ(2, buffer.in_avail());
     EXPECT_EQ(u'a', buffer.sbumpc());
     EXPECT_EQ(u'b', buffer.sbumpc());
     EXPECT_EQ(1, source.asked);
@@ -315,6 +317,16 @@ TEST(CharsetStreambuf, MakesAStreamBadAndThrowsIfAsked) {
     EXPECT_EQ("ab", sink.taken);
     out.put(u'\u00E9');
     EXPECT_THROW(out.flush(), orv::UnmappableCharacterError);
+}
+
+TEST(CharsetStreambuf, EndsWhereTheSourceShowsAByteAndGivesNone) {
+    struct Stuck : Source {
+        using Source::Source;
+        std::streamsize xsgetn(char*, std::streamsize) override { return 0; }
+    };
+    Stuck source({"a"});
+    charset_streambuf buffer(source);
+    EXPECT_EQ(Traits::eof(), buffer.sgetc());
 }
 
 TEST(CharsetStreambuf, PassesExceptionsOfTheSourceOnAndGoesOn) {

@@ -79,6 +79,17 @@ TEST(CharsetStreambuf, EndsATextOnceAndBeginsAnother) {
     EXPECT_EQ(2, sink.synced);
 }
 
+TEST(CharsetStreambuf, HasNoTextToEndWhereNothingWasPutSinceTheLast) {
+    Sink sink;
+    charset_streambuf buffer(sink);
+    buffer.sputc(u'a');
+    EXPECT_TRUE(buffer.finish());
+    EXPECT_EQ(0, buffer.pubsync());
+    EXPECT_EQ(2, sink.synced);
+    EXPECT_TRUE(buffer.finish());
+    EXPECT_EQ(2, sink.synced);
+}
+
 TEST(CharsetStreambuf, ReportsALoneSurrogateAtTheEnd) {
     Sink sink;
     charset_streambuf buffer(sink, *orv::Charset::UTF_8, orv::REPORT);
@@ -145,6 +156,39 @@ TEST(CharsetStreambuf, LosesAndDoublesNothingWhereTheSinkRefuses) {
         EXPECT_TRUE(bytes == sink.taken);
         EXPECT_GE(refusals, bytes.size() / step);
     }
+}
+
+TEST(CharsetStreambuf, TakesNoUnitForWhichThereIsNoRoomWhereTheSinkRefuses) {
+    Sink sink;
+    sink.room = 0;
+    charset_streambuf buffer(sink);
+    const auto putAll = [&] {
+        std::size_t count = 0;
+        while (buffer.sputc(u'a') == u'a') {
+            ++count;
+        }
+        return count;
+    };
+    EXPECT_EQ(4096U, putAll()); // encoded then
+    EXPECT_EQ(4096U, putAll());
+    EXPECT_EQ(0U, putAll());
+    sink.room = 10000;
+    EXPECT_TRUE(buffer.finish());
+    EXPECT_TRUE(std::string(8192, 'a') == sink.taken);
+}
+
+TEST(CharsetStreambuf, TriesAgainToWriteTheEndOfATextThatTheSinkRefused) {
+    Sink sink;
+    sink.room = 0;
+    charset_streambuf buffer(sink);
+    buffer.sputc(u'\xD83D');
+    EXPECT_FALSE(buffer.finish());
+    EXPECT_FALSE(buffer.finish());
+    sink.room = 100;
+    EXPECT_TRUE(buffer.finish());
+    EXPECT_EQ("?", sink.taken);
+    EXPECT_TRUE(buffer.finish());
+    EXPECT_EQ("?", sink.taken);
 }
 
 TEST(CharsetStreambuf, MakesAStreamBadWhereTheSinkRefuses) {

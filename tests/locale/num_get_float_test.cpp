@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -113,6 +114,7 @@ TEST(NumGet, ReadsEveryDigitThatCounts) {
     expectRow<double>({half, 0, END, 0});
     expectRow<double>({half + std::u16string(5000, u'0'), 0, END, 0});
     expectRow<double>({half + std::u16string(5000, u'0') + u"1", LEAST, END, 0});
+    expectRow<double>({half + std::u16string(5000, u'0') + u"10", LEAST, END, 0});
     // A middle of 53 digits, and 100,000 zeros behind it.
     const std::u16string middle = u"1.00000000000000011102230246251565404236316680908203125";
     expectRow<double>({middle, 1.0, END, 0});
@@ -151,6 +153,7 @@ TEST(NumGet, ReadsHexadecimalFloats) {
         {u"1.00000000000008", 1.0, END, 0},
         {u"1.00000000000018", 0x1.0000000000002p0, END, 0},
         {u"1.0000000000000800000000000000000000000000000001", 0x1.0000000000001p0, END, 0},
+        {u"1.00000000000008000000000000000000000000000000010", 0x1.0000000000001p0, END, 0},
         {u"0p99999999999999999999", 0, END, 0},
     };
     for (const auto& row : rows) {
@@ -158,8 +161,35 @@ TEST(NumGet, ReadsHexadecimalFloats) {
     }
     expectRow<double>({u"0x1.234,8", 0x1234 + 0.5, END, 0}, GROUPED, HEX_FLOAT);
     expectRow<double>({u"0x12.34", 0, FAIL | END, 0}, GROUPED, HEX_FLOAT);
+    // A zero that is no part of a prefix is a digit of its group.
+    expectRow<double>({u"0.234,8", 0x234 + 0.5, END, 0}, GROUPED, HEX_FLOAT);
+    expectRow<double>({u"01.234", 0x1234, END, 0}, GROUPED, HEX_FLOAT);
+    expectRow<double>({u"0001.234", 0, FAIL | END, 0}, GROUPED, HEX_FLOAT);
     expectRow<float>({u"1.000001p0", 1.0F, END, 0}, PLAIN, HEX_FLOAT);
     expectRow<float>({u"1.0000010001p0", 0x1.000002p0F, END, 0}, PLAIN, HEX_FLOAT);
+}
+
+TEST(NumGet, LeavesErrnoAlone) {
+    errno = EDOM;
+    readNumber<double>(u"1e309");
+    readNumber<double>(u"1.797693134862315808e308");
+    readNumber<double>(u"1e-400");
+    readNumber<double>(u"1p-1075", PLAIN, HEX_FLOAT);
+    readNumber<float>(u"-3.4028235677973367e38");
+    readNumber<long double>(u"1e99999");
+    readNumber<long>(u"9223372036854775808");
+    EXPECT_EQ(errno, EDOM);
+}
+
+TEST(NumGet, ReadsLongDoublesVeryNearTheMiddleOfTwo) {
+    if (std::numeric_limits<long double>::digits != 64) {
+        return;
+    }
+    // Above the middle, by less than 128 bits of the power of ten can tell.
+    expectRow<long double>({u"5764975427643885191e-348", 0x9c9c7483aabadab2p-1157L, END, 0});
+    expectRow<long double>({u"5274596296392239975e-331", 0xc6daaaa2fcf29abep-1101L, END, 0});
+    expectRow<long double>({u"6181814131551105982e-241", 0xe4d1bf90fd43bac8p-802L, END, 0});
+    expectRow<long double>({u"6948548115745859800e165", 0xd1516bd67061a9d2p547L, END, 0});
 }
 
 TEST(NumGet, ReadsLongDoubles) {

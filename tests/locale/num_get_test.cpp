@@ -83,6 +83,10 @@ TEST(NumGet, TakesTheBaseFromTheFlagsOrThePrefix) {
     expectRow<long>({u"ff", 255, END, 0}, PLAIN, Ios::hex);
     expectRow<long>({u"-0XfF", -255, END, 0}, PLAIN, Ios::hex);
     expectRow<long>({u"00x1", 0, GOOD, 2}, PLAIN, Ios::hex);
+    expectRow<long>({u"9:", 9, GOOD, 1}, PLAIN, Ios::hex);
+    expectRow<long>({u"9/", 9, GOOD, 1}, PLAIN, Ios::hex);
+    expectRow<long>({u"1@", 1, GOOD, 1}, PLAIN, Ios::hex);
+    expectRow<long>({u"1`", 1, GOOD, 1}, PLAIN, Ios::hex);
     expectRow<long>({u"0778", 63, GOOD, 1}, PLAIN, Ios::oct);
     expectRow<long>({u"0x7", 0, GOOD, 2}, PLAIN, Ios::oct);
     expectRow<long>({u"1f", 1, GOOD, 1}, PLAIN, Ios::oct | Ios::hex);
@@ -114,6 +118,8 @@ TEST(NumGet, ReadsPointersInHexadecimal) {
     expectRow<void*>({u"0x1f", at(0x1F), END, 0}, PLAIN, Ios::dec);
     expectRow<void*>({u"10", at(0x10), END, 0}, PLAIN, Ios::oct);
     expectRow<void*>({u"", at(0), FAIL | END, 0});
+    expectRow<void*>({u"-1", at(~std::uintptr_t{0}), END, 0});
+    expectRow<void*>({u"-10000000000000000", at(~std::uintptr_t{0}), FAIL | END, 0});
 }
 
 TEST(NumGet, ReadsTheNumbersOfTruthValues) {
@@ -124,6 +130,22 @@ TEST(NumGet, ReadsTheNumbersOfTruthValues) {
     expectRow<bool>({u"99999999999999999999", true, FAIL | END, 0});
     expectRow<bool>({u"true", false, FAIL, 4});
     expectRow<bool>({u"", false, FAIL | END, 0});
+}
+
+TEST(NumGet, ReadsTruthValuesWhateverAFacetMakesOfLong) {
+    struct Sevens : Facet {
+        using Facet::do_get;
+        iter_type do_get(iter_type in, iter_type, Ios&, Ios::iostate&, long& v) const override {
+            v = 7;
+            return in;
+        }
+    };
+    std::wios stream(nullptr);
+    stream.imbue(std::locale(orvtest::localeOf(PLAIN), new Sevens));
+    const auto truth = orvtest::read<orv::char16, bool>(stream, u"1");
+    EXPECT_TRUE(truth.value);
+    EXPECT_EQ(truth.state, END);
+    EXPECT_EQ((orvtest::read<orv::char16, long>(stream, u"1").value), 7);
 }
 
 TEST(NumGet, ReadsTheNamesOfTruthValues) {
@@ -145,6 +167,9 @@ TEST(NumGet, ReadsTheNamesOfTruthValues) {
     expectName({u"jane", false, FAIL | END, 0}, u"ja", u"janein");
     expectName({u"jawohl", true, END, 0}, u"jawohl", u"ja");
     expectName({u"ja ", false, GOOD, 1}, u"jawohl", u"ja");
+    // What was another name from its first unit on does not become that again.
+    expectName({u"ab", true, END, 0}, u"ab", u"xb");
+    expectName({u"xb", false, END, 0}, u"ab", u"xb");
     // The same name for both says nothing; an empty one is never found.
     expectName({u"same", false, FAIL | END, 0}, u"same", u"same");
     expectName({u"yes", true, END, 0}, u"yes", u"");
@@ -210,6 +235,8 @@ TEST(NumGet, ChecksGroupsOfManySizes) {
     expectRow<long>({u"-5", 0, FAIL, 2}, {u'-', u',', ""});
     expectRow<double>({u"-5", 0.5, END, 0}, {u'-', u',', ""});
     expectRow<long>({u"12", 1, GOOD, 1}, {u'2', u',', ""});
+    expectRow<long>({u"0x1", 0, FAIL, 3}, {u'0', u',', ""}, Ios::hex);
+    expectRow<double>({u"1.27", 1.2, GOOD, 1}, {u'.', u'7', "\3"});
 }
 
 TEST(NumGet, ChecksAHundredThousandGroups) {

@@ -166,9 +166,11 @@ TEST(NumPut, WritesFloatsFixedAndScientific) {
     EXPECT_EQ(writeNumber(12345.0, {Ios::scientific | Ios::uppercase, 0, 0, PLAIN}), u"1E+04");
     EXPECT_EQ(writeNumber(0.0, {Ios::scientific, 3, 0, PLAIN}), u"0.000e+00");
     EXPECT_EQ(writeNumber(1.0, {Ios::scientific | Ios::showpoint, 0, 0, PLAIN}), u"1.e+00");
-    EXPECT_EQ(
-        writeNumber(std::numeric_limits<long double>::denorm_min(), {Ios::scientific, 3, 0, PLAIN}),
-        std::numeric_limits<long double>::digits == 64 ? u"3.645e-4951" : u"4.941e-324");
+    using Limits = std::numeric_limits<long double>;
+    EXPECT_EQ(writeNumber(Limits::denorm_min(), {Ios::scientific, 3, 0, PLAIN}),
+              Limits::digits == 113  ? u"6.475e-4966"
+              : Limits::digits == 64 ? u"3.645e-4951"
+                                     : u"4.941e-324");
 }
 
 TEST(NumPut, RoundsTiesToEven) {
@@ -184,6 +186,20 @@ TEST(NumPut, RoundsTiesToEven) {
     EXPECT_EQ(writeNumber(0x1p-60, {Ios::fixed, 59, 0, PLAIN}),
               u"0.00000000000000000086736173798840354720596224069595336914062");
     EXPECT_EQ(writeNumber(0x1p-1L, {Ios::fixed, 0, 0, PLAIN}), u"0");
+    if (std::numeric_limits<long double>::digits == 64) {
+        // Above the middle by less than 2^-64 of the last place.
+        EXPECT_EQ(writeNumber(0.05L, {Ios::fixed, 1, 0, PLAIN}), u"0.1");
+        EXPECT_EQ(writeNumber(0.025L, {Ios::fixed, 2, 0, PLAIN}), u"0.03");
+        EXPECT_EQ(writeNumber(0.00005L, {Ios::fixed, 4, 0, PLAIN}), u"0.0001");
+    }
+}
+
+TEST(NumPut, RoundsToTheFirstPlaceBeforeTheDigits) {
+    const std::u16string zeros = u"0." + std::u16string(18, u'0');
+    EXPECT_EQ(writeNumber(6e-20, {Ios::fixed, 19, 0, PLAIN}), zeros + u"1");
+    EXPECT_EQ(writeNumber(4e-20, {Ios::fixed, 19, 0, PLAIN}), zeros + u"0");
+    EXPECT_EQ(writeNumber(9e-21, {Ios::fixed, 19, 0, PLAIN}), zeros + u"0");
+    EXPECT_EQ(writeNumber(0.0, {Ios::fixed, 19, 0, PLAIN}), zeros + u"0");
 }
 
 TEST(NumPut, WritesEveryDigitThatIsAskedFor) {
@@ -197,6 +213,15 @@ TEST(NumPut, WritesEveryDigitThatIsAskedFor) {
     const auto most = writeNumber(std::numeric_limits<double>::max(), {Ios::fixed, 1, 0, PLAIN});
     EXPECT_EQ(most.size(), 311U);
     EXPECT_EQ(most.substr(290), u"0404026184124858368.0");
+    EXPECT_EQ(writeNumber(0.5, {Ios::fixed, 1000001, 0, PLAIN}),
+              u"0.5" + std::u16string(1000000, u'0'));
+    if (std::numeric_limits<long double>::digits == 64) {
+        const auto longest = writeNumber(std::numeric_limits<long double>::denorm_min(),
+                                         {Ios::fixed, 16445, 0, PLAIN});
+        EXPECT_EQ(longest.size(), 16447U);
+        EXPECT_EQ(longest.substr(4950, 7), u"0036451");
+        EXPECT_EQ(longest.substr(16443), u"3125"); // as all odd powers of 5 from the fifth
+    }
 }
 
 TEST(NumPut, WritesWhatIsNoNumber) {

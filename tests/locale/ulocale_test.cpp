@@ -182,13 +182,16 @@ TEST(ULocale, NameIsLookedUpInOtherSpellings) {
     names.add("dd-DD", "de_DE.UTF-8"); // the earlier spelling counts
     names.add("dd_DD", "fr_FR.UTF-8");
     names.add("ee.UTF-8", "de_DE.UTF-8");
-    for (const char* const name : {"aa_AA", "bb_BB", "cc_CC", "dd_DD"}) {
+    names.add("ff_FF.utf8", "fr_FR.UTF-8");
+    names.add("ff_FF", "de_DE.UTF-8");
+    names.add("zz_ZZ.UTF-8", "de_DE.UTF-8");
+    for (const char* const name : {"aa_AA", "bb_BB", "cc_CC", "dd_DD", "ff_FF", "zz_ZZ"}) {
         SCOPED_TRACE(name);
         const ulocale named(textIn<char16>(name));
         EXPECT_EQ(shown(named.name()), name);
         EXPECT_EQ(punctuation(named).decimal_point(), u',');
         EXPECT_EQ(punctuation(named).thousands_sep(),
-                  std::string(name) == "dd_DD" ? u'\u202F' : u'.');
+                  std::string(name) == "dd_DD" || std::string(name) == "ff_FF" ? u'\u202F' : u'.');
     }
 }
 
@@ -224,6 +227,23 @@ TEST(ULocale, CopyOutlivesTheOriginal) {
     static_assert(std::is_nothrow_copy_constructible_v<ulocale>);
     static_assert(std::is_nothrow_copy_assignable_v<ulocale>);
     static_assert(!std::is_convertible_v<ustring_ref, ulocale>);
+}
+
+// In a program of its own, where no classic locale keeps the facets that all locales share.
+TEST(ULocaleDeathTest, SharedFacetsOutliveTheFirstNamedLocales) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            for (const char* const name : {"de_DE", "fr_FR"}) {
+                const std::locale loc = ulocale(textIn<char16>(name));
+                const auto& facet = std::use_facet<std::ctype<char16>>(loc);
+                if (facet.widen('x') != u'x') {
+                    std::_Exit(1);
+                }
+            }
+            std::_Exit(0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST(ULocale, EmptyNameIsTheEnvironmentsLocale) {

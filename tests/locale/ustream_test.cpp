@@ -174,6 +174,17 @@ TEST(UStream, ManipulatorsOfAllKindsWork) {
     EXPECT_EQ(unit, u'x');
     EXPECT_TRUE(truth);
     EXPECT_EQ(in.width(), 0);
+    // None of the standard's own takes a basic_ios.
+    using Ios = std::basic_ios<char16>;
+    Ios& (*const fillWithStars)(Ios&) = [](Ios& ios) -> Ios& {
+        ios.fill(u'*');
+        return ios;
+    };
+    in.clear();
+    EXPECT_EQ(&(in >> fillWithStars), &in);
+    EXPECT_EQ(in.fill(), u'*');
+    EXPECT_EQ(&(out << fillWithStars), &stream);
+    EXPECT_EQ(stream.fill(), u'*');
 }
 
 TEST(UStream, ManipulatorsWithArgumentsWork) {
@@ -315,6 +326,12 @@ TEST(UStream, IntegersHeedEveryFlag) {
     os.imbue(ulocale(u"de_DE"_u));
     os << u' ' << -1234567 << u' ' << 18446744073709551615U;
     EXPECT_EQ(shown(os.str()), "   42-7  +8ff -1.234.567 18.446.744.073.709.551.615");
+    os.imbue(ulocale::classic());
+    os.str(ustring());
+    os.width(-9);
+    os << 7;
+    EXPECT_EQ(shown(os.str()), "7");
+    EXPECT_EQ(os.width(), 0);
 }
 
 TEST(UStream, DigitOfAnotherScriptIsNoNumber) {

@@ -163,6 +163,10 @@ TEST(UStreamText, CodePointsBecomeUtf16) {
         replaced << none;
         EXPECT_EQ(shown(replaced.str()), "<FFFD>");
     }
+    uostringstream mark(u"abcd"_u);
+    mark.width(2); // written in a block, which carries the end mark as well
+    mark << U'\uFFFF';
+    EXPECT_EQ(shown(mark.str()), " <FFFF>cd");
 }
 
 TEST(UStreamText, CodePointsBecomeUtf16OnStandardStreamsToo) {

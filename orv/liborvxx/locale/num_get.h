@@ -31,7 +31,8 @@
 /// `errno` is left alone. Facets are constant, and safe from any thread.
 ///
 /// Time is linear in the length of the text, but for floats of many digits very near the middle
-/// between two, which take that of a product of whole numbers; only these take memory.
+/// between two, which take that of a product of whole numbers; only these take memory, and all of
+/// type `long double` where it has more than 64 bits of precision.
 ///
 /// \par Example
 /// \code

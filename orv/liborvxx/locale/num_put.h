@@ -24,8 +24,8 @@
 /// Pointers are small hexadecimal numbers with their prefix, and 0.
 ///
 /// Nothing depends on the C library's locale. Facets are constant, and safe from any thread. Memory
-/// is taken for floats of more than 18 digits, or above 10^330 or below 10^-330; zeros behind the
-/// last digit of a number take none, and neither does padding.
+/// is taken for floats of more than 18 digits, or above 10^330 or below 10^-330, or of more than 64
+/// significant bits; zeros behind the last digit of a number take none, and neither does padding.
 ///
 /// \par Example
 /// \code

@@ -25,12 +25,18 @@ using orvtest::Punctuation;
 constexpr char MAX = std::numeric_limits<char>::max();
 
 const Punctuation PUNCTUATIONS[] = {
-    {u'.', u',', ""},         {u',', u'.', "\3"},
-    {u'.', u',', "\3\2"},     {u'\u066B', u'\u066C', "\3"},
-    {u'.', u'\'', "\1"},      {u'.', u' ', {1, 2, 3}},
-    {u'.', u'.', "\2"},       {u'.', u',', {3, MAX}},
-    {u'.', u',', {MAX}},      {u'.', u',', {-1}},
-    {u'.', u',', {4, -1, 2}}, {u'e', u'0', "\3", u"wahr", u""},
+    {u'.', u',', ""},
+    {u',', u'.', "\3"},
+    {u'.', u',', "\3\2"},
+    {u'\u066B', u'\u066C', "\3"},
+    {u'.', u'\'', "\1"},
+    {u'.', u' ', {1, 2, 3}},
+    {u'.', u'.', "\2"},
+    {u'.', u',', {3, MAX}},
+    {u'.', u',', {MAX}},
+    {u'.', u',', {'\xFF'}},
+    {u'.', u',', {4, '\xFF', 2}},
+    {u'e', u'0', "\3", u"wahr", u""},
 };
 
 std::ios_base::fmtflags randomFlags(NumberSource& source) {

@@ -30,9 +30,9 @@ BinaryFraction fractionOf(long double magnitude) noexcept;
 
 /// Digits d.ddd * 10^exponent of a number, rounded to the nearest, ties to even.
 ///
-/// Up to 18 digits of numbers from about 10^-330 to 10^330 take no memory from the heap; others do
-/// unless they are few. The time is that of the product of whole numbers, and their text, which
-/// hold all digits of the number.
+/// Up to 18 digits of numbers from about 10^-330 to 10^330, of up to 64 significant bits, take no
+/// memory from the heap; others do unless they are few. The time is that of the product of whole
+/// numbers, and their text, which hold all digits of the number.
 class DecimalExpansion {
 public:
     DecimalExpansion() noexcept = default;

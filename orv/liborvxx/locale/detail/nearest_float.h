@@ -15,9 +15,10 @@ namespace orv::detail {
 /// `long double`.
 ///
 /// Memory from the heap is taken only for numbers very near the middle between two Floats, for
-/// which 19 digits and 128 bits of a power of ten do not decide; and for a `long double` of many
-/// digits, above 10^350 or below 10^-350. Hexadecimal digits never take any. \exception
-/// std::bad_alloc
+/// which 19 digits and 128 bits of a power of ten do not decide; for a `long double` of many
+/// digits, above 10^350 or below 10^-350; and for every one of more than 64 bits of precision.
+/// Hexadecimal digits never take any.
+/// \exception std::bad_alloc
 /// @{
 template <class Float>
 Float nearestFloat(bool negative, const DecimalDigitsFor<Float>& digits, std::int64_t exponent);
